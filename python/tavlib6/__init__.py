@@ -1,0 +1,119 @@
+"""tavlib6 from Python: water and steam by IAPWS-IF97, and ideal gases.
+
+Every export of the library is a function of this module under its name without the "tvl"
+prefix: ``tavlib6.HPT(5e6, 700.0)``, ``tavlib6.TSP(1e5)``, ``tavlib6.gCPGST("N2:79;O2:21", 300.0)``.
+Values are SI (Pa, K, J/kg, J/(kg K), m3/kg). A call that fails raises ``TavlibError`` with the
+library's code and text. Exports with output cells return their outputs as a tuple, in the order
+of the signature (``p, T = tavlib6.PT1HS(h, s)``). ``tavlib6.raw`` holds the plain ctypes
+functions, which return the library's failure values (-1.0, -1, None) without raising.
+
+The library is found through the environment variable TAVLIB6_LIBRARY, then in the build tree
+beside this folder (build/libtavlib6.so), then by the system's loader.
+"""
+import ctypes
+import os
+
+from ._exports import EXPORTS
+
+__all__ = ['TavlibError', 'raw', 'library_path'] + [name for name, *_ in EXPORTS]
+
+_CTYPE = {
+    'double': ctypes.c_double, 'int32': ctypes.c_int32, 'text': ctypes.c_char_p,
+    'wtext': ctypes.POINTER(ctypes.c_uint16), 'out': ctypes.POINTER(ctypes.c_double),
+    'window': ctypes.c_void_p, 'word': ctypes.c_ssize_t,
+}
+# The functions that report errors and therefore do not clear or raise them.
+_REPORTING = {'GETLASTERROR', 'SETLASTERROR', 'GETLASTERRORDESCRIPTION', 'GETLASTERRORDESCRIPTIONW'}
+
+
+class TavlibError(Exception):
+    """A call of the library failed; ``code`` is its last error, ``text`` the library's text for it."""
+
+    def __init__(self, code, text):
+        super().__init__('error %d: %s' % (code, text))
+        self.code = code
+        self.text = text
+
+
+def _find_library():
+    explicit = os.environ.get('TAVLIB6_LIBRARY')
+    if explicit:
+        return explicit
+    here = os.path.dirname(os.path.abspath(__file__))
+    for candidate in (os.path.join(here, '..', '..', 'build', 'libtavlib6.so'),
+                      os.path.join(here, '..', '..', 'build', 'tavlib6.dll')):
+        if os.path.exists(candidate):
+            return os.path.normpath(candidate)
+    import ctypes.util
+    return ctypes.util.find_library('tavlib6') or 'libtavlib6.so'
+
+
+library_path = _find_library()
+_lib = ctypes.CDLL(library_path)
+
+
+class _Raw:
+    """The exports as plain ctypes functions, under their full names (raw.tvlHPT)."""
+
+
+raw = _Raw()
+
+
+def _wide_to_str(pointer):
+    if not pointer:
+        return None
+    chars = []
+    k = 0
+    while pointer[k] != 0:
+        chars.append(chr(pointer[k]))
+        k += 1
+    return ''.join(chars)
+
+
+def _declare(name, result, params):
+    function = getattr(_lib, 'tvl' + name)
+    function.restype = _CTYPE[result]
+    function.argtypes = [_CTYPE[kind] for kind, _ in params]
+    setattr(raw, 'tvl' + name, function)
+    inputs = [arg for kind, arg in params if kind != 'out']
+    outputs = [arg for kind, arg in params if kind == 'out']
+
+    def call(*args):
+        if len(args) != len(inputs):
+            raise TypeError('%s(%s) takes %d arguments, %d given' % (name, ', '.join(inputs), len(inputs), len(args)))
+        cells = [ctypes.c_double(0.0) for _ in outputs]
+        values, given = [], iter(args)
+        cell_iter = iter(cells)
+        for kind, _ in params:
+            if kind == 'out':
+                values.append(ctypes.byref(next(cell_iter)))
+            elif kind == 'text':
+                value = next(given)
+                values.append(value.encode('latin-1') if isinstance(value, str) else value)
+            else:
+                values.append(next(given))
+        value = function(*values)
+        if name not in _REPORTING:
+            code = _lib.tvlGETLASTERROR()
+            if code != 0:
+                raise TavlibError(code, _lib.tvlGETLASTERRORDESCRIPTION().decode('ascii'))
+        if result == 'text':
+            value = value.decode('latin-1') if value is not None else None
+        elif result == 'wtext':
+            value = _wide_to_str(value)
+        if outputs:
+            return tuple(cell.value for cell in cells)
+        return value
+
+    call.__name__ = name
+    call.__doc__ = '%s(%s) -> %s' % (name, ', '.join(inputs), ', '.join(outputs) if outputs else result)
+    return call
+
+
+_lib.tvlGETLASTERROR.restype = ctypes.c_int32
+_lib.tvlGETLASTERROR.argtypes = []
+_lib.tvlGETLASTERRORDESCRIPTION.restype = ctypes.c_char_p
+_lib.tvlGETLASTERRORDESCRIPTION.argtypes = []
+
+for _name, _result, _params, _family in EXPORTS:
+    globals()[_name] = _declare(_name, _result, _params)

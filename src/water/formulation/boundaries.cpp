@@ -1,0 +1,74 @@
+// The curves between regions and between the subregions of the backward equations: B23 both
+// ways, the 2b/2c line, h2ab(s), hB13(s), TB23(h,s), the library's own pB23(h,s), and the
+// saturation curves in (h,s). Raw equations: they test nothing and extrapolate outside.
+#include <cmath>
+
+#include "water/formulation/polynomial.h"
+#include "water/formulation/tables/boundary_coefficients.h"
+#include "water/formulation/water_model.h"
+
+namespace tvl {
+
+namespace {
+
+// pB23(h,s): no release behind it; the partner of TB23(h,s) in the (h,s) region test.
+constexpr PowerTerm kPB23HS[25] = {
+    {-12, 5, -2.22398432349771e-11}, {-8, 12, -10.8704435512293},  {-6, 4, 2.26734933246501e-05},
+    {-6, 10, 41.0699534744719},      {-5, 10, 45.7617265426167},   {-4, 8, -39.140733054354},
+    {-2, 4, -1.83645483513209},      {-1, -3, 4.8671060887632e-07}, {-1, 3, -6.07327803392055},
+    {-1, 4, -46.6409156241396},      {0, 2, 37.7535913883017},     {2, -2, 0.714167086117101},
+    {2, -1, -15.9503458100286},      {2, 2, 73.0359378011073},     {3, -8, -9.79829825313995e-09},
+    {3, -2, 12.4649481234302},       {3, 0, -32.7742979620228},    {4, -3, -2.34091413743119},
+    {5, -6, -0.0106993499596958},    {6, -3, 2.27462405219834},    {8, -12, -7.59961482424429e-08},
+    {8, -10, 0.000176247550441561},  {10, -12, -2.91489941272419e-05}, {10, -8, -0.0187040904148735},
+    {12, -12, 0.00017055900140173},
+};
+
+}  // namespace
+
+double WaterModel::P23T(double T) const {
+    return (348.05185628969 - T * 1.1671859879975 + T * 0.0010192970039326 * T) * 1e6;
+}
+
+double WaterModel::T23P(double p) const {
+    return std::sqrt((p / 1e6 - 13.91883977887) / 0.0010192970039326) + 572.54459862746;
+}
+
+double WaterModel::P2B2CH(double h) const {
+    const double e = h / 1000.0;
+    return (905.84278514723 - e * 0.67955786399241 + e * 0.00012809002730136 * e) * 1e6;
+}
+
+double WaterModel::H2B2CP(double p) const {
+    return (std::sqrt((p / 1e6 - 4.5257578905948) / 0.00012809002730136) + 2652.6571908428) * 1000.0;
+}
+
+double WaterModel::H2AB(double s) const {
+    const double e = s / 1000.0;
+    return (((27.6349063799944 * e - 421.073558227969) * e + 2575.60716905876) * e - 3498.98083432139) * 1000.0;
+}
+
+double WaterModel::HB13S(double s) {
+    return 1.7e6 * evaluatePowerSum<kHB13S>(xPowers, yPowers, s / 3800.0 - 0.884, s / 3800.0 - 0.864);
+}
+
+double WaterModel::TB23HS(double h, double s) {
+    return 900.0 * evaluatePowerSum<kTB23HS>(xPowers, yPowers, h / 3e6 - 0.727, s / 5300.0 - 0.864);
+}
+
+double WaterModel::PB23HS(double h, double s) {
+    return 1e8 * evaluatePowerSum<kPB23HS>(xPowers, yPowers, h / 3e6 - 0.709, s / 5300.0 - 0.824);
+}
+
+// One saturated-liquid curve serves every entropy up to the critical one: the region 3
+// equation h3a'(s).
+double WaterModel::ROUGHHSWS(double s) {
+    return 1.7e6 * evaluatePowerSum<kH3aLiquidS>(xPowers, yPowers, s / 3800.0 - 1.09, s / 3800.0 + 3.66e-5);
+}
+
+// One saturated-vapour curve serves every entropy above the critical one: h2ab''(s).
+double WaterModel::ROUGHHSSS(double s) {
+    return 2.8e6 * std::exp(evaluatePowerSum<kH2abVapourS>(xPowers, yPowers, 5210.0 / s - 0.513, s / 9200.0 - 0.524));
+}
+
+}  // namespace tvl

@@ -1,0 +1,128 @@
+// WaterModel: every water equation and dispatcher of the library, double in and double out.
+// Operations carry the names of their exports without the prefix (V1PT for tvlV1PT); a raw
+// equation behind a refined operation ends in Equation, the solvers of a pair are SolveRegion*.
+// The model never touches the last error: it throws a code, and it publishes the state point
+// that a search reached in SolvedState.
+#ifndef TAVLIB6_WATER_MODEL_H
+#define TAVLIB6_WATER_MODEL_H
+
+#include "frame/model_state.h"
+#include "frame/state_properties.h"
+#include "water/formulation/power_table.h"
+
+namespace tvl {
+
+// The dimensionless Gibbs free energy of a (p,T) region and its derivatives.
+struct GibbsSums {
+    double g = 0.0;
+    double gPi = 0.0;
+    double gPiPi = 0.0;
+    double gTau = 0.0;
+    double gTauTau = 0.0;
+    double gPiTau = 0.0;
+};
+
+// A (p,T) point of a Gibbs region: its reduced variables and the sums formed there.
+struct GibbsPoint {
+    double pi;
+    double tau;
+    GibbsSums sums;
+};
+
+// Which sums one pass over the terms forms.
+enum GibbsTerm : unsigned {
+    kGamma = 1u,
+    kGammaPi = 2u,
+    kGammaPiPi = 4u,
+    kGammaTau = 8u,
+    kGammaTauTau = 16u,
+    kGammaPiTau = 32u,
+    kAllGibbsTerms = 63u,
+};
+
+class WaterModel {
+public:
+    WaterModel(const ModelSettings& settings, SolvedState& solved) : settings(settings), solved(solved) {}
+
+    // ---- Saturation line (saturation.cpp) ----
+    double PST(double T) const;
+    double TSP(double p) const;
+    double DPDTST(double T) const;
+    double ROUGHRSWT(double T) const;
+    double ROUGHRSST(double T) const;
+
+    // ---- Region 1 (region1.cpp) ----
+    double V1PT(double p, double T);
+    double D1PT(double p, double T);
+    double U1PT(double p, double T);
+    double S1PT(double p, double T);
+    double H1PT(double p, double T);
+    double CP1PT(double p, double T);
+    double CV1PT(double p, double T);
+    double W1PT(double p, double T);
+    double JOULETHOMPSON1PT(double p, double T);
+    StateProperties VUSHCVWDERPT1PT(double p, double T);
+    double T1PHEquation(double p, double h);
+    double T1PSEquation(double p, double s);
+    double P1HSEquation(double h, double s);
+    double T1PH(double p, double h);
+    double T1PS(double p, double s);
+    double P1HS(double h, double s);
+    double T1HS(double h, double s);
+    void PT1HS(double h, double s, double& p, double& T);
+    void SolveRegion1HS(double h, double s, double& p, double& T);
+    void SolveRegion1RH(double density, double h, double& p, double& T);
+
+    // ---- Region boundaries (boundaries.cpp) ----
+    double P23T(double T) const;
+    double T23P(double p) const;
+    double P2B2CH(double h) const;
+    double H2B2CP(double p) const;
+    double H2AB(double s) const;
+    double HB13S(double s);
+    double TB23HS(double h, double s);
+    double PB23HS(double h, double s);
+    double ROUGHHSWS(double s);
+    double ROUGHHSSS(double s);
+
+    // ---- Region 2 (region2.cpp) ----
+
+    // ---- Region 3 (region3.cpp, region3_fit.cpp) ----
+
+    // ---- Region 5 (region5.cpp) ----
+
+    // ---- Region 3 backward functions (region3_backward.cpp) ----
+
+    // ---- Backward equations in (h,s) and the two-phase area (hs_backward.cpp) ----
+
+    // ---- Dispatch on (p,T) (pt_dispatch.cpp) ----
+
+    // ---- Saturation and two-phase families (two_phase.cpp) ----
+
+    // ---- Dispatch on (p,h) and (p,s) (ph_dispatch.cpp, ps_dispatch.cpp) ----
+
+    // ---- Dispatch on (h,s) (hs_dispatch.cpp) ----
+
+    // ---- Transport and derived properties (transport.cpp, derived.cpp) ----
+
+    // ---- Further water properties and ice (auxiliary.cpp, ice.cpp) ----
+
+    // ---- Density derivatives (density_derivatives.cpp) ----
+
+    const ModelSettings& settings;
+    SolvedState& solved;
+
+    // Scratch: powers of the variable that carries the exponents I, and of the one that carries J.
+    PowerTable xPowers;
+    PowerTable yPowers;
+
+private:
+    template <unsigned Wanted>
+    GibbsSums region1Sums() const;
+    template <unsigned Wanted>
+    GibbsPoint region1At(double p, double T);
+};
+
+}  // namespace tvl
+
+#endif

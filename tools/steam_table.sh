@@ -1,0 +1,27 @@
+#!/bin/sh
+# A small steam table printed through the tvl command: the saturation line, then compressed
+# liquid at a few pressures. Usage: tools/steam_table.sh [path of tvl]
+TVL=${1:-build/tvl}
+
+echo "Saturation line"
+printf '%8s %14s %14s\n' "T [K]" "p [Pa]" "dp/dT [Pa/K]"
+for T in 273.16 300 350 373.15 400 450 500 550 600 623.15 640 647; do
+    printf '%8s %14.6g %14.6g\n' "$T" "$("$TVL" PST "$T")" "$("$TVL" DPDTST "$T")"
+done
+
+echo
+echo "Compressed liquid (region 1)"
+printf '%10s %8s %14s %12s %10s %10s %10s\n' "p [MPa]" "T [K]" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" "cp [kJ/kgK]" "w [m/s]"
+for p in 1 10 50 100; do
+    for T in 300 400 500 600; do
+        P=$(awk "BEGIN { print $p * 1e6 }")
+        TS=$("$TVL" TSP "$P" 2>/dev/null || echo 0)
+        if awk "BEGIN { exit !($TS > 0 && $T >= $TS) }"; then continue; fi
+        printf '%10s %8s %14.8f %12.3f %10.4f %10.4f %10.2f\n' "$p" "$T" \
+            "$("$TVL" V1PT "$P" "$T")" \
+            "$(awk "BEGIN { print $("$TVL" H1PT "$P" "$T") / 1000 }")" \
+            "$(awk "BEGIN { print $("$TVL" S1PT "$P" "$T") / 1000 }")" \
+            "$(awk "BEGIN { print $("$TVL" CP1PT "$P" "$T") / 1000 }")" \
+            "$("$TVL" W1PT "$P" "$T")"
+    done
+done

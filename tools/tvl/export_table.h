@@ -1,0 +1,66 @@
+// The table of every export that the tvl command can call, built from the list of exports.
+#ifndef TVL_EXPORT_TABLE_H
+#define TVL_EXPORT_TABLE_H
+
+#include <cstdint>
+
+#include "tavlib6.h"
+
+namespace tvlcli {
+
+constexpr int kMaxArguments = 24;
+
+// The arguments of one call, by kind, in the order they appear in the signature.
+struct CallArgs {
+    double numbers[kMaxArguments] = {};
+    std::int32_t integers[kMaxArguments] = {};
+    const char* texts[kMaxArguments] = {};
+    double outputs[kMaxArguments] = {};
+    void* windows[kMaxArguments] = {};
+    std::intptr_t words[kMaxArguments] = {};
+};
+
+struct CallResult {
+    enum Kind { kNumber, kInteger, kText, kWideText } kind;
+    double number = 0.0;
+    std::int32_t integer = 0;
+    const char* text = nullptr;
+    const tvlWideChar* wide = nullptr;
+
+    static CallResult fromNumber(double v) {
+        CallResult r{kNumber};
+        r.number = v;
+        return r;
+    }
+    static CallResult fromInteger(std::int32_t v) {
+        CallResult r{kInteger};
+        r.integer = v;
+        return r;
+    }
+    static CallResult fromText(const char* v) {
+        CallResult r{kText};
+        r.text = v;
+        return r;
+    }
+    static CallResult fromWide(const tvlWideChar* v) {
+        CallResult r{kWideText};
+        r.wide = v;
+        return r;
+    }
+};
+
+// kinds: one letter per argument: d double, i int32, s text, o output (double*), w window, W word.
+struct ExportEntry {
+    const char* name;
+    const char* argumentNames;
+    const char* kinds;
+    const char* family;
+    CallResult (*call)(CallArgs&);
+};
+
+extern const ExportEntry kExports[];
+extern const int kExportCount;
+
+}  // namespace tvlcli
+
+#endif

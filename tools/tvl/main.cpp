@@ -1,0 +1,193 @@
+// tvl: call any export of tavlib6 by name from the command line.
+//
+//   tvl HPT 5e6 700          prints the value
+//   tvl PT1HS 1e5 300        prints the outputs, labelled (p=..., T=...)
+//   tvl --list               lists the exports with their arguments
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <algorithm>
+#include <cctype>
+#include <string>
+#include <strings.h>
+
+#include "export_table.h"
+
+namespace {
+
+using tvlcli::CallArgs;
+using tvlcli::CallResult;
+using tvlcli::ExportEntry;
+
+constexpr int kUsageError = 1;
+constexpr int kCallFailed = 2;
+
+void printHelp() {
+    std::printf(
+        "usage: tvl [-p DIGITS] NAME [ARGUMENT...]\n"
+        "       tvl --list | --help\n\n"
+        "Calls the export NAME of tavlib6 (with or without the tvl prefix, in any case) and prints its\n"
+        "value with 17 significant digits, or DIGITS with -p. Exports with output cells print each\n"
+        "output as name=value. Text arguments are passed as they stand: quote them for the shell,\n"
+        "as in tvl gCPGST \"N2:79;O2:21\" 300. All values are SI: Pa, K, J/kg, J/(kg K), m3/kg.\n\n"
+        "On failure tvl prints \"error N: <text>\" to standard error and exits with status 2.\n");
+}
+
+void printList() {
+    const char* family = "";
+    for (int k = 0; k < tvlcli::kExportCount; ++k) {
+        const ExportEntry& e = tvlcli::kExports[k];
+        if (std::strcmp(family, e.family) != 0) {
+            family = e.family;
+            std::printf("%s%s\n", k == 0 ? "" : "\n", family);
+        }
+        std::printf("  %-34s %s\n", e.name, e.argumentNames);
+    }
+}
+
+bool sameName(const char* given, const char* name) {
+    if (strncasecmp(given, "tvl", 3) == 0 && strcasecmp(given + 3, name) == 0) return true;
+    return strcasecmp(given, name) == 0;
+}
+
+const ExportEntry* findExport(const char* given) {
+    for (int k = 0; k < tvlcli::kExportCount; ++k)
+        if (sameName(given, tvlcli::kExports[k].name)) return &tvlcli::kExports[k];
+    return nullptr;
+}
+
+bool parseNumber(const char* text, double& value) {
+    char* end = nullptr;
+    errno = 0;
+    value = std::strtod(text, &end);
+    return end != text && *end == '\0';
+}
+
+bool parseInteger(const char* text, long long& value) {
+    char* end = nullptr;
+    errno = 0;
+    value = std::strtoll(text, &end, 0);
+    return end != text && *end == '\0' && errno == 0;
+}
+
+std::string wideToNarrow(const tvlWideChar* wide) {
+    std::string text;
+    for (; *wide != 0; ++wide) text += *wide < 128 ? static_cast<char>(*wide) : '?';
+    return text;
+}
+
+// Splits the argument names "p T" into their words.
+std::string argumentName(const char* names, int index) {
+    const char* word = names;
+    for (int k = 0; k < index && word != nullptr; ++k) {
+        word = std::strchr(word, ' ');
+        if (word != nullptr) ++word;
+    }
+    if (word == nullptr) return "?";
+    const char* end = std::strchr(word, ' ');
+    return end ? std::string(word, end) : std::string(word);
+}
+
+int callExport(const ExportEntry& entry, int argc, char** argv, int digits) {
+    const int inputs = static_cast<int>(std::strlen(entry.kinds)) -
+                       static_cast<int>(std::count(entry.kinds, entry.kinds + std::strlen(entry.kinds), 'o'));
+    if (argc != inputs) {
+        std::fprintf(stderr, "tvl: %s takes %d argument%s (%s), %d given\n", entry.name, inputs, inputs == 1 ? "" : "s",
+                     entry.argumentNames, argc);
+        return kUsageError;
+    }
+    CallArgs args;
+    int given = 0;
+    int counts[128] = {};
+    for (const char* kind = entry.kinds; *kind != '\0'; ++kind) {
+        const int slot = counts[static_cast<unsigned char>(*kind)]++;
+        if (*kind == 'o') continue;
+        const char* text = argv[given];
+        const std::string name = argumentName(entry.argumentNames, static_cast<int>(kind - entry.kinds));
+        bool ok = true;
+        if (*kind == 'd') {
+            ok = parseNumber(text, args.numbers[slot]);
+        } else if (*kind == 'i' || *kind == 'W' || *kind == 'w') {
+            long long value = 0;
+            ok = parseInteger(text, value);
+            if (*kind == 'i') args.integers[slot] = static_cast<std::int32_t>(value);
+            if (*kind == 'W') args.words[slot] = static_cast<std::intptr_t>(value);
+            if (*kind == 'w') args.windows[slot] = reinterpret_cast<void*>(static_cast<std::intptr_t>(value));
+        } else if (*kind == 's') {
+            args.texts[slot] = text;
+        }
+        if (!ok) {
+            std::fprintf(stderr, "tvl: argument %s of %s is not a number: %s\n", name.c_str(), entry.name, text);
+            return kUsageError;
+        }
+        ++given;
+    }
+
+    const CallResult result = entry.call(args);
+    const bool reportsErrors = std::strncmp(entry.name, "GETLASTERROR", 12) != 0 && std::strcmp(entry.name, "SETLASTERROR") != 0;
+    const int code = reportsErrors ? tvlGETLASTERROR() : 0;
+    if (code != 0) {
+        const char* text = tvlGETLASTERRORDESCRIPTION();
+        std::fprintf(stderr, "error %d: %s\n", code, text != nullptr ? text : "");
+        return kCallFailed;
+    }
+
+    bool hasOutputs = false;
+    int outputIndex = 0;
+    for (const char* kind = entry.kinds; *kind != '\0'; ++kind) {
+        if (*kind != 'o') continue;
+        hasOutputs = true;
+        const std::string name = argumentName(entry.argumentNames, static_cast<int>(kind - entry.kinds));
+        std::printf("%s=%.*g\n", name.c_str(), digits, args.outputs[outputIndex++]);
+    }
+    if (hasOutputs) return 0;
+    switch (result.kind) {
+    case CallResult::kNumber: std::printf("%.*g\n", digits, result.number); break;
+    case CallResult::kInteger: std::printf("%d\n", result.integer); break;
+    case CallResult::kText: std::printf("%s\n", result.text != nullptr ? result.text : ""); break;
+    case CallResult::kWideText: std::printf("%s\n", result.wide != nullptr ? wideToNarrow(result.wide).c_str() : ""); break;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    int digits = 17;
+    int first = 1;
+    while (first < argc && argv[first][0] == '-' && argv[first][1] != '\0' && !std::isdigit(static_cast<unsigned char>(argv[first][1]))) {
+        const std::string option = argv[first];
+        if (option == "--help" || option == "-h") {
+            printHelp();
+            return 0;
+        }
+        if (option == "--list") {
+            printList();
+            return 0;
+        }
+        if (option == "-p" && first + 1 < argc) {
+            long long value = 0;
+            if (!parseInteger(argv[first + 1], value) || value < 1 || value > 17) {
+                std::fprintf(stderr, "tvl: -p takes a number of digits from 1 to 17\n");
+                return kUsageError;
+            }
+            digits = static_cast<int>(value);
+            first += 2;
+            continue;
+        }
+        std::fprintf(stderr, "tvl: unknown option %s (try tvl --help)\n", argv[first]);
+        return kUsageError;
+    }
+    if (first >= argc) {
+        printHelp();
+        return kUsageError;
+    }
+    const ExportEntry* entry = findExport(argv[first]);
+    if (entry == nullptr) {
+        std::fprintf(stderr, "tvl: no export named %s (try tvl --list)\n", argv[first]);
+        return kUsageError;
+    }
+    return callExport(*entry, argc - first - 1, argv + first + 1, digits);
+}
