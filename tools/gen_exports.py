@@ -195,7 +195,7 @@ def python_table(families):
 
 
 def outputs():
-    families = parse()
+    families = [f for f in parse() if f.exports]
     files = {
         os.path.join('include', 'tavlib6.h'): header(families),
         os.path.join('src', 'frame', 'facade_methods.inc'): facade_methods(families),
