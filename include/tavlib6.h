@@ -100,6 +100,20 @@ TVL_API double TVL_CALL tvlPB23HS(double h, double s);
 TVL_API double TVL_CALL tvlROUGHHSWS(double s);
 TVL_API double TVL_CALL tvlROUGHHSSS(double s);
 
+/* ---- Viscosity and thermal conductivity ---- */
+TVL_API double TVL_CALL tvlDYNVISRT(double r, double T);
+TVL_API double TVL_CALL tvlTHERMCONDRT(double r, double T);
+
+/* ---- Surface tension, dielectric constant, ionization constant, refractive index ---- */
+TVL_API double TVL_CALL tvlSURFTENT(double T);
+TVL_API double TVL_CALL tvlDCRT(double r, double T);
+TVL_API double TVL_CALL tvlPKWRT(double r, double T);
+TVL_API double TVL_CALL tvlRIRTL(double r, double T, double L);
+
+/* ---- Melting and sublimation curves ---- */
+TVL_API double TVL_CALL tvlPMELTIT(double T);
+TVL_API double TVL_CALL tvlPSUBT(double T);
+
 #ifdef __cplusplus
 }
 #endif

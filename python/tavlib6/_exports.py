@@ -55,4 +55,12 @@ EXPORTS = (
     ('PB23HS', 'double', (('double', 'h'), ('double', 's')), 'Region boundaries: raw equations, no range test'),
     ('ROUGHHSWS', 'double', (('double', 's'),), 'Region boundaries: raw equations, no range test'),
     ('ROUGHHSSS', 'double', (('double', 's'),), 'Region boundaries: raw equations, no range test'),
+    ('DYNVISRT', 'double', (('double', 'r'), ('double', 'T')), 'Viscosity and thermal conductivity'),
+    ('THERMCONDRT', 'double', (('double', 'r'), ('double', 'T')), 'Viscosity and thermal conductivity'),
+    ('SURFTENT', 'double', (('double', 'T'),), 'Surface tension, dielectric constant, ionization constant, refractive index'),
+    ('DCRT', 'double', (('double', 'r'), ('double', 'T')), 'Surface tension, dielectric constant, ionization constant, refractive index'),
+    ('PKWRT', 'double', (('double', 'r'), ('double', 'T')), 'Surface tension, dielectric constant, ionization constant, refractive index'),
+    ('RIRTL', 'double', (('double', 'r'), ('double', 'T'), ('double', 'L')), 'Surface tension, dielectric constant, ionization constant, refractive index'),
+    ('PMELTIT', 'double', (('double', 'T'),), 'Melting and sublimation curves'),
+    ('PSUBT', 'double', (('double', 'T'),), 'Melting and sublimation curves'),
 )

@@ -31,33 +31,41 @@ TEST_F(SaturationLine, TemperatureAndPressureInvertEachOther) {
     }
 }
 
+using SaturationExport = double (*)(tvl::PropertyFacade&, double);
+
 struct LimitCase {
     const char* what;
-    double (tvl::PropertyFacade::*export_)(double) noexcept;
+    SaturationExport call;
     double argument;
     int code;
 };
+
+const SaturationExport kPST = [](tvl::PropertyFacade& f, double x) { return f.PST(x); };
+const SaturationExport kTSP = [](tvl::PropertyFacade& f, double x) { return f.TSP(x); };
+const SaturationExport kDPDTST = [](tvl::PropertyFacade& f, double x) { return f.DPDTST(x); };
+const SaturationExport kROUGHRSWT = [](tvl::PropertyFacade& f, double x) { return f.ROUGHRSWT(x); };
+const SaturationExport kROUGHRSST = [](tvl::PropertyFacade& f, double x) { return f.ROUGHRSST(x); };
 
 TEST_F(SaturationLine, RangeLimitsWidenedByOneRoundingUnit) {
     const double belowTriple = std::nextafter(273.15 * 0.9999999999999998, 0.0);
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const LimitCase cases[] = {
-        {"lowest temperature", &tvl::PropertyFacade::PST, 273.15 * 0.9999999999999998, 0},
-        {"one step below it", &tvl::PropertyFacade::PST, belowTriple, 2},
-        {"critical temperature", &tvl::PropertyFacade::PST, 647.0960000000001, 0},
-        {"above it", &tvl::PropertyFacade::PST, 647.1, 2},
-        {"slope below the line", &tvl::PropertyFacade::DPDTST, 273.0, 2},
-        {"liquid density above", &tvl::PropertyFacade::ROUGHRSWT, 650.0, 2},
-        {"vapour density below", &tvl::PropertyFacade::ROUGHRSST, 200.0, 2},
-        {"lowest pressure", &tvl::PropertyFacade::TSP, 611.2126774443452, 0},
-        {"611 Pa", &tvl::PropertyFacade::TSP, 611.0, 2},
-        {"critical pressure", &tvl::PropertyFacade::TSP, 22064000.000000004, 0},
-        {"above it", &tvl::PropertyFacade::TSP, 22064001.0, 2},
-        {"NaN passes the test and fails as a result", &tvl::PropertyFacade::PST, nan, 1},
-        {"NaN pressure", &tvl::PropertyFacade::TSP, nan, 1},
+        {"lowest temperature", kPST, 273.15 * 0.9999999999999998, 0},
+        {"one step below it", kPST, belowTriple, 2},
+        {"critical temperature", kPST, 647.0960000000001, 0},
+        {"above it", kPST, 647.1, 2},
+        {"slope below the line", kDPDTST, 273.0, 2},
+        {"liquid density above", kROUGHRSWT, 650.0, 2},
+        {"vapour density below", kROUGHRSST, 200.0, 2},
+        {"lowest pressure", kTSP, 611.2126774443452, 0},
+        {"611 Pa", kTSP, 611.0, 2},
+        {"critical pressure", kTSP, 22064000.000000004, 0},
+        {"above it", kTSP, 22064001.0, 2},
+        {"NaN passes the test and fails as a result", kPST, nan, 1},
+        {"NaN pressure", kTSP, nan, 1},
     };
     for (const LimitCase& c : cases) {
-        const double result = (lib.*c.export_)(c.argument);
+        const double result = c.call(lib, c.argument);
         EXPECT_EQ(lastError(), c.code) << c.what;
         if (c.code != 0) {
             EXPECT_EQ(result, -1.0) << c.what;

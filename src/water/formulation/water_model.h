@@ -104,8 +104,16 @@ public:
     // ---- Dispatch on (h,s) (hs_dispatch.cpp) ----
 
     // ---- Transport and derived properties (transport.cpp, derived.cpp) ----
+    double DYNVISRT(double density, double T) const;
+    double THERMCONDRT(double density, double T) const;
 
     // ---- Further water properties and ice (auxiliary.cpp, ice.cpp) ----
+    double SURFTENT(double T) const;
+    double DCRT(double density, double T) const;
+    double PKWRT(double density, double T) const;
+    double RIRTL(double density, double T, double wavelength) const;
+    double PMELTIT(double T) const;
+    double PSUBT(double T) const;
 
     // ---- Density derivatives (density_derivatives.cpp) ----
 
