@@ -6,14 +6,14 @@ namespace tvl {
 
 double PropertyFacade::PMELTIT(double T) noexcept {
     return run([&] {
-        if (checksOn()) requireWithin(T, 251.16499999999994, 273.1600000000001);
+        if (checksOn()) requireWithin(T, kMeltingLowestTemperature, kIceHighestTemperature);
         return water.PMELTIT(T);
     });
 }
 
 double PropertyFacade::PSUBT(double T) noexcept {
     return run([&] {
-        if (checksOn()) requireWithin(T, 49.999999999999986, 273.1600000000001);
+        if (checksOn()) requireWithin(T, kSublimationLowestTemperature, kIceHighestTemperature);
         return water.PSUBT(T);
     });
 }

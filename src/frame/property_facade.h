@@ -27,6 +27,10 @@ public:
 
 #include "frame/facade_methods.inc"
 
+    // Range validation of the (p,T) families (validators.cpp); each throws kOutOfRange.
+    void ValidatePT(double p, double T);
+    void ValidatePTResult(double p, double T);
+
     std::int32_t lastError = kNoError;
     ModelSettings settings;
     std::int32_t reserved = 0;  // written at construction only; read by tvlgGETCALCDISSMODE
@@ -89,6 +93,7 @@ private:
     }
 
     bool checksOn() const { return settings.checksOn(); }
+
 };
 
 // The one object that the exports act on, built by the library's one dynamic initialiser and

@@ -5,6 +5,7 @@
 
 #include "frame/error_codes.h"
 #include "water/formulation/constants.h"
+#include "water/formulation/gibbs_properties.h"
 #include "water/formulation/polynomial.h"
 #include "water/formulation/tables/region1_coefficients.h"
 #include "water/formulation/water_model.h"
@@ -52,72 +53,45 @@ GibbsPoint WaterModel::region1At(double p, double T) {
 }
 
 double WaterModel::V1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGammaPi>(p, T);
-    return R * T * g.gPi / kPStar;
+    return gibbs::volume(region1At<kGammaPi>(p, T), T, kPStar);
 }
 
+// Density is its own function, not the reciprocal of V1PT.
 double WaterModel::D1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGammaPi>(p, T);
-    return kPStar / (R * T * g.gPi);
+    const GibbsPoint x = region1At<kGammaPi>(p, T);
+    return kPStar / (R * T * x.sums.gPi);
 }
 
 double WaterModel::U1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGammaPi | kGammaTau>(p, T);
-    return R * T * (tau * g.gTau - pi * g.gPi);
+    return gibbs::internalEnergy(region1At<kGammaPi | kGammaTau>(p, T), T);
 }
 
 double WaterModel::S1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGamma | kGammaTau>(p, T);
-    return R * (tau * g.gTau - g.g);
+    return gibbs::entropy(region1At<kGamma | kGammaTau>(p, T));
 }
 
 double WaterModel::H1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGammaTau>(p, T);
-    return kRegion1RT * g.gTau;
+    return gibbs::enthalpy(region1At<kGammaTau>(p, T), kRegion1RT);
 }
 
 double WaterModel::CP1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGammaTauTau>(p, T);
-    return -R * tau * tau * g.gTauTau;
+    return gibbs::isobaricHeatCapacity(region1At<kGammaTauTau>(p, T));
 }
 
 double WaterModel::CV1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(p, T);
-    const double a = g.gPi - tau * g.gPiTau;
-    return R * (a * a / g.gPiPi - tau * tau * g.gTauTau);
+    return gibbs::isochoricHeatCapacity(region1At<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(p, T));
 }
 
 double WaterModel::W1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(p, T);
-    const double a = g.gPi - tau * g.gPiTau;
-    return g.gPi * std::sqrt(R * T / (a * a / (tau * tau * g.gTauTau) - g.gPiPi));
+    return gibbs::speedOfSound(region1At<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(p, T), T);
 }
 
 double WaterModel::JOULETHOMPSON1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kGammaTauTau | kGammaPiTau>(p, T);
-    return g.gPiTau * T / (kPStar * tau * g.gTauTau);
+    return gibbs::jouleThomson(region1At<kGammaTauTau | kGammaPiTau>(p, T), T, kPStar);
 }
 
 StateProperties WaterModel::VUSHCVWDERPT1PT(double p, double T) {
-    const auto [pi, tau, g] = region1At<kAllGibbsTerms>(p, T);
-    constexpr double k = R / kPStar;
-    StateProperties out;
-    const double a = g.gPi - tau * g.gPiTau;
-    out.v = k * g.gPi * T;
-    out.h = kRegion1RT * g.gTau;
-    out.u = out.h - p * out.v;
-    out.s = R * (tau * g.gTau - g.g);
-    out.cv = R * (a * a / g.gPiPi - tau * tau * g.gTauTau);
-    out.w = g.gPi * std::sqrt(R * T / (a * a / (tau * tau * g.gTauTau) - g.gPiPi));
-    out.dvdp = k * T * g.gPiPi / kPStar;
-    out.dvdT = k * a;
-    out.dhdT = -R * tau * tau * g.gTauTau;
-    out.dhdp = out.v - T * out.dvdT;
-    out.dsdp = -out.dvdT;
-    out.dudp = out.dhdp - (p * out.dvdp + out.v);
-    out.dudT = out.dhdT - p * out.dvdT;
-    out.dsdT = out.dhdT / T;
-    return out;
+    return gibbs::stateProperties(region1At<kAllGibbsTerms>(p, T), p, T, kPStar, kRegion1RT);
 }
 
 // ---- Backward equations ----

@@ -117,6 +117,17 @@ public:
 
     // ---- Density derivatives (density_derivatives.cpp) ----
 
+    // ---- Metastable steam (process/metastable.cpp) ----
+    double VMSPT(double p, double T);
+    double UMSPT(double p, double T);
+    double SMSPT(double p, double T);
+    double HMSPT(double p, double T);
+    double CPMSPT(double p, double T);
+    double CVMSPT(double p, double T);
+    double WMSPT(double p, double T);
+    double JOULETHOMPSONMSPT(double p, double T);
+    StateProperties VUSHCVWDERPTMSPT(double p, double T);
+
     const ModelSettings& settings;
     SolvedState& solved;
 
@@ -129,6 +140,8 @@ private:
     GibbsSums region1Sums() const;
     template <unsigned Wanted>
     GibbsPoint region1At(double p, double T);
+    template <unsigned Wanted>
+    GibbsPoint metastableAt(double p, double T);
 };
 
 }  // namespace tvl

@@ -1,0 +1,31 @@
+// The (p,T) range of the formulation, on arguments and on the state point a search reached.
+#include "frame/validators.h"
+
+#include "frame/property_facade.h"
+
+namespace tvl {
+
+namespace {
+
+// 273.15 K to 2273.15 K and up to 100 MPa, 50 MPa above 1073.15 K; below the freezing point
+// the melting curve of ice Ih bounds the pressure from below, and nothing bounds it above.
+void validatePressureTemperature(const WaterModel& water, const PressureTemperatureLimits& limits, double p,
+                                 double T) {
+    if (T < limits.lowestTemperature) {
+        if (T < limits.lowestMeltingTemperature) throw kOutOfRange;
+        if (water.PMELTIT(T) * limits.meltingFactor > p) throw kOutOfRange;
+        return;
+    }
+    if (T > limits.highestTemperature || p < 0.0 || p > limits.highestPressure) throw kOutOfRange;
+    if (T > limits.region5Temperature && p > limits.region5Pressure) throw kOutOfRange;
+}
+
+}  // namespace
+
+void PropertyFacade::ValidatePT(double p, double T) { validatePressureTemperature(water, kArgumentLimits, p, T); }
+
+void PropertyFacade::ValidatePTResult(double p, double T) {
+    validatePressureTemperature(water, kSolvedStateLimits, p, T);
+}
+
+}  // namespace tvl

@@ -1,0 +1,64 @@
+// Metastable vapour: steam expanded past the saturation line that stays vapour for a while. The
+// supplementary equation of IF97: the ideal part of region 2 with two readjusted coefficients,
+// and a residual part of its own. No iteration, nothing published.
+#include "water/formulation/constants.h"
+#include "water/formulation/gibbs_properties.h"
+#include "water/formulation/gibbs_sums.h"
+#include "water/formulation/tables/metastable_coefficients.h"
+#include "water/formulation/water_model.h"
+
+namespace tvl {
+
+namespace {
+
+constexpr double kPStar = 1e6;
+constexpr double kTStar = 540.0;
+constexpr double kRTStar = 249224.04;  // R times 540 K, J/kg
+
+}  // namespace
+
+template <unsigned Wanted>
+GibbsPoint WaterModel::metastableAt(double p, double T) {
+    const double pi = p / kPStar;
+    const double tau = kTStar / T;
+    return {pi, tau, idealResidualSums<Wanted, kMetastableIdeal, kMetastableResidual>(pi, tau, 0.5, xPowers, yPowers)};
+}
+
+double WaterModel::VMSPT(double p, double T) {
+    return gibbs::volume(metastableAt<kGammaPi>(p, T), T, kPStar);
+}
+
+double WaterModel::UMSPT(double p, double T) {
+    return gibbs::internalEnergy(metastableAt<kGammaPi | kGammaTau>(p, T), T);
+}
+
+double WaterModel::SMSPT(double p, double T) {
+    return gibbs::entropy(metastableAt<kGamma | kGammaTau>(p, T));
+}
+
+double WaterModel::HMSPT(double p, double T) {
+    return gibbs::enthalpy(metastableAt<kGammaTau>(p, T), kRTStar);
+}
+
+double WaterModel::CPMSPT(double p, double T) {
+    return gibbs::isobaricHeatCapacity(metastableAt<kGammaTauTau>(p, T));
+}
+
+double WaterModel::CVMSPT(double p, double T) {
+    return gibbs::isochoricHeatCapacity(metastableAt<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(p, T));
+}
+
+double WaterModel::WMSPT(double p, double T) {
+    return gibbs::speedOfSound(metastableAt<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(p, T), T);
+}
+
+// The ideal part has no mixed derivative, so only the residual sum enters the numerator.
+double WaterModel::JOULETHOMPSONMSPT(double p, double T) {
+    return gibbs::jouleThomson(metastableAt<kGammaTauTau | kGammaPiTau>(p, T), T, kPStar);
+}
+
+StateProperties WaterModel::VUSHCVWDERPTMSPT(double p, double T) {
+    return gibbs::stateProperties(metastableAt<kAllGibbsTerms>(p, T), p, T, kPStar, kRTStar);
+}
+
+}  // namespace tvl

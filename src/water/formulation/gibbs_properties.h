@@ -1,0 +1,73 @@
+// Properties of a state of a Gibbs region (1, 2, 5 and metastable vapour) composed from the
+// dimensionless Gibbs free energy and its derivatives at that state. gPi is the derivative by
+// the reduced pressure pi = p / pStar, gTau by tau = Tstar / T.
+#ifndef TAVLIB6_GIBBS_PROPERTIES_H
+#define TAVLIB6_GIBBS_PROPERTIES_H
+
+#include <cmath>
+
+#include "frame/state_properties.h"
+#include "water/formulation/constants.h"
+#include "water/formulation/water_model.h"
+
+namespace tvl::gibbs {
+
+constexpr double R = kGasConstant;
+
+// m3/kg
+inline double volume(const GibbsPoint& x, double T, double pStar) { return R * T * x.sums.gPi / pStar; }
+
+// J/kg
+inline double internalEnergy(const GibbsPoint& x, double T) {
+    return R * T * (x.tau * x.sums.gTau - x.pi * x.sums.gPi);
+}
+
+// J/(kg K)
+inline double entropy(const GibbsPoint& x) { return R * (x.tau * x.sums.gTau - x.sums.g); }
+
+// J/kg; RTstar is R times the reducing temperature, stored ready-made
+inline double enthalpy(const GibbsPoint& x, double RTstar) { return RTstar * x.sums.gTau; }
+
+// J/(kg K)
+inline double isobaricHeatCapacity(const GibbsPoint& x) { return -R * x.tau * x.tau * x.sums.gTauTau; }
+
+inline double isochoricHeatCapacity(const GibbsPoint& x) {
+    const double a = x.sums.gPi - x.tau * x.sums.gPiTau;
+    return R * (a * a / x.sums.gPiPi - x.tau * x.tau * x.sums.gTauTau);
+}
+
+// m/s
+inline double speedOfSound(const GibbsPoint& x, double T) {
+    const double a = x.sums.gPi - x.tau * x.sums.gPiTau;
+    return x.sums.gPi * std::sqrt(R * T / (a * a / (x.tau * x.tau * x.sums.gTauTau) - x.sums.gPiPi));
+}
+
+// (dT/dp) at constant h, K/Pa
+inline double jouleThomson(const GibbsPoint& x, double T, double pStar) {
+    return x.sums.gPiTau * T / (pStar * x.tau * x.sums.gTauTau);
+}
+
+// The fourteen outputs of a combined call from all six sums of one pass.
+inline StateProperties stateProperties(const GibbsPoint& x, double p, double T, double pStar, double RTstar) {
+    const double k = R / pStar;
+    StateProperties out;
+    out.v = k * x.sums.gPi * T;
+    out.h = enthalpy(x, RTstar);
+    out.u = out.h - p * out.v;
+    out.s = entropy(x);
+    out.cv = isochoricHeatCapacity(x);
+    out.w = speedOfSound(x, T);
+    out.dvdp = k * T * x.sums.gPiPi / pStar;
+    out.dvdT = k * (x.sums.gPi - x.tau * x.sums.gPiTau);
+    out.dhdT = isobaricHeatCapacity(x);
+    out.dhdp = out.v - T * out.dvdT;
+    out.dsdp = -out.dvdT;
+    out.dudp = out.dhdp - (p * out.dvdp + out.v);
+    out.dudT = out.dhdT - p * out.dvdT;
+    out.dsdT = out.dhdT / T;
+    return out;
+}
+
+}  // namespace tvl::gibbs
+
+#endif
