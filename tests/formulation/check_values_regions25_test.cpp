@@ -43,8 +43,9 @@ TEST_F(Regions25CheckValues, ForwardEquations) {
 
 // The same rows through the combined call, output by output.
 TEST_F(Regions25CheckValues, CombinedCalls) {
-    auto field = [&](tvl::StateProperties (M::*f)(double, double), double tvl::StateProperties::*member) {
-        return [this, f, member](const CheckValue& r) { return (water.*f)(r.inputs.at("p"), r.inputs.at("T")).*member; };
+    tvl::WaterModel& w = water;
+    auto field = [&w](tvl::StateProperties (M::*f)(double, double), double tvl::StateProperties::*member) {
+        return [&w, f, member](const CheckValue& r) { return (w.*f)(r.inputs.at("p"), r.inputs.at("T")).*member; };
     };
     using S = tvl::StateProperties;
     tvltest::EvaluatorTable table;
