@@ -100,6 +100,48 @@ TVL_API double TVL_CALL tvlPB23HS(double h, double s);
 TVL_API double TVL_CALL tvlROUGHHSWS(double s);
 TVL_API double TVL_CALL tvlROUGHHSSS(double s);
 
+/* ---- Region 2, superheated steam: raw equations, no range test ---- */
+TVL_API double TVL_CALL tvlV2PT(double p, double T);
+TVL_API double TVL_CALL tvlD2PT(double p, double T);
+TVL_API double TVL_CALL tvlU2PT(double p, double T);
+TVL_API double TVL_CALL tvlS2PT(double p, double T);
+TVL_API double TVL_CALL tvlH2PT(double p, double T);
+TVL_API double TVL_CALL tvlCP2PT(double p, double T);
+TVL_API double TVL_CALL tvlCV2PT(double p, double T);
+TVL_API double TVL_CALL tvlW2PT(double p, double T);
+TVL_API double TVL_CALL tvlJOULETHOMPSON2PT(double p, double T);
+TVL_API double TVL_CALL tvlVUSHCVWDERPT2PT(double p, double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+TVL_API double TVL_CALL tvlT2APH(double p, double h);
+TVL_API double TVL_CALL tvlT2BPH(double p, double h);
+TVL_API double TVL_CALL tvlT2CPH(double p, double h);
+TVL_API double TVL_CALL tvlT2APS(double p, double s);
+TVL_API double TVL_CALL tvlT2BPS(double p, double s);
+TVL_API double TVL_CALL tvlT2CPS(double p, double s);
+TVL_API double TVL_CALL tvlT2PH(double p, double h);
+TVL_API double TVL_CALL tvlT2PS(double p, double s);
+TVL_API double TVL_CALL tvlP2HS(double h, double s);
+TVL_API double TVL_CALL tvlT2HS(double h, double s);
+TVL_API double TVL_CALL tvlPT2HS(double h, double s, double* p, double* T);
+TVL_API double TVL_CALL tvlPT2RH(double r, double h, double* p, double* T);
+
+/* ---- Region 5, high-temperature steam: raw equations, no range test ---- */
+TVL_API double TVL_CALL tvlV5PT(double p, double T);
+TVL_API double TVL_CALL tvlD5PT(double p, double T);
+TVL_API double TVL_CALL tvlU5PT(double p, double T);
+TVL_API double TVL_CALL tvlS5PT(double p, double T);
+TVL_API double TVL_CALL tvlH5PT(double p, double T);
+TVL_API double TVL_CALL tvlCP5PT(double p, double T);
+TVL_API double TVL_CALL tvlCV5PT(double p, double T);
+TVL_API double TVL_CALL tvlW5PT(double p, double T);
+TVL_API double TVL_CALL tvlJOULETHOMPSON5PT(double p, double T);
+TVL_API double TVL_CALL tvlVUSHCVWDERPT5PT(double p, double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+TVL_API double TVL_CALL tvlT5PH(double p, double h);
+TVL_API double TVL_CALL tvlT5PS(double p, double s);
+TVL_API double TVL_CALL tvlP5HS(double h, double s);
+TVL_API double TVL_CALL tvlT5HS(double h, double s);
+TVL_API double TVL_CALL tvlPT5HS(double h, double s, double* p, double* T);
+TVL_API double TVL_CALL tvlPT5RH(double r, double h, double* p, double* T);
+
 /* ---- Viscosity and thermal conductivity ---- */
 TVL_API double TVL_CALL tvlDYNVISRT(double r, double T);
 TVL_API double TVL_CALL tvlTHERMCONDRT(double r, double T);

@@ -25,3 +25,38 @@ for p in 1 10 50 100; do
             "$("$TVL" W1PT "$P" "$T")"
     done
 done
+
+echo
+# J to kJ without awk's six-digit print
+kilo() { awk "BEGIN { printf \"%.10g\", $1 / 1000 }"; }
+
+echo "Superheated steam (region 2)"
+printf '%10s %8s %14s %12s %10s %10s %10s\n' "p [MPa]" "T [K]" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" "cp [kJ/kgK]" "w [m/s]"
+for p in 0.1 1 10; do
+    for T in 500 600 700 800 900 1000; do
+        P=$(awk "BEGIN { print $p * 1e6 }")
+        TS=$("$TVL" TSP "$P" 2>/dev/null || echo 0)
+        if awk "BEGIN { exit !($T <= $TS) }"; then continue; fi
+        printf '%10s %8s %14.8f %12.3f %10.4f %10.4f %10.2f\n' "$p" "$T" \
+            "$("$TVL" V2PT "$P" "$T")" \
+            "$(kilo "$("$TVL" H2PT "$P" "$T")")" \
+            "$(kilo "$("$TVL" S2PT "$P" "$T")")" \
+            "$(kilo "$("$TVL" CP2PT "$P" "$T")")" \
+            "$("$TVL" W2PT "$P" "$T")"
+    done
+done
+
+echo
+echo "High-temperature steam (region 5)"
+printf '%10s %8s %14s %12s %10s %10s %10s\n' "p [MPa]" "T [K]" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" "cp [kJ/kgK]" "w [m/s]"
+for p in 0.5 30; do
+    for T in 1500 2000; do
+        P=$(awk "BEGIN { print $p * 1e6 }")
+        printf '%10s %8s %14.8f %12.3f %10.4f %10.4f %10.2f\n' "$p" "$T" \
+            "$("$TVL" V5PT "$P" "$T")" \
+            "$(kilo "$("$TVL" H5PT "$P" "$T")")" \
+            "$(kilo "$("$TVL" S5PT "$P" "$T")")" \
+            "$(kilo "$("$TVL" CP5PT "$P" "$T")")" \
+            "$("$TVL" W5PT "$P" "$T")"
+    done
+done

@@ -85,11 +85,57 @@ public:
     double ROUGHHSWS(double s);
     double ROUGHHSSS(double s);
 
-    // ---- Region 2 (region2.cpp) ----
+    // ---- Region 2 (region2.cpp, region2_backward.cpp) ----
+    double V2PT(double p, double T);
+    double D2PT(double p, double T);
+    double U2PT(double p, double T);
+    double S2PT(double p, double T);
+    double H2PT(double p, double T);
+    double CP2PT(double p, double T);
+    double CV2PT(double p, double T);
+    double W2PT(double p, double T);
+    double JOULETHOMPSON2PT(double p, double T);
+    StateProperties VUSHCVWDERPT2PT(double p, double T);
+    double T2APH(double p, double h);
+    double T2BPH(double p, double h);
+    double T2CPH(double p, double h);
+    double T2APS(double p, double s);
+    double T2BPS(double p, double s);
+    double T2CPS(double p, double s);
+    double P2AHS(double h, double s);
+    double P2BHS(double h, double s);
+    double P2CHS(double h, double s);
+    double T2PHEquation(double p, double h);  // the subregion's equation, chosen, unrefined
+    double T2PSEquation(double p, double s);
+    double P2HSEquation(double h, double s);
+    double T2PH(double p, double h);
+    double T2PS(double p, double s);
+    double P2HS(double h, double s);
+    double T2HS(double h, double s);
+    void PT2HS(double h, double s, double& p, double& T);
+    void SolveRegion2HS(double h, double s, double& p, double& T);
+    void SolveRegion2RH(double density, double h, double& p, double& T);
 
     // ---- Region 3 (region3.cpp, region3_fit.cpp) ----
 
     // ---- Region 5 (region5.cpp) ----
+    double V5PT(double p, double T);
+    double D5PT(double p, double T);
+    double U5PT(double p, double T);
+    double S5PT(double p, double T);
+    double H5PT(double p, double T);
+    double CP5PT(double p, double T);
+    double CV5PT(double p, double T);
+    double W5PT(double p, double T);
+    double JOULETHOMPSON5PT(double p, double T);
+    StateProperties VUSHCVWDERPT5PT(double p, double T);
+    double T5PH(double p, double h);
+    double T5PS(double p, double s);
+    double P5HS(double h, double s);
+    double T5HS(double h, double s);
+    void PT5HS(double h, double s, double& p, double& T);
+    void SolveRegion5HS(double h, double s, double& p, double& T);
+    void PT5RH(double density, double h, double& p, double& T);
 
     // ---- Region 3 backward functions (region3_backward.cpp) ----
 

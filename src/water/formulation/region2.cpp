@@ -1,0 +1,157 @@
+// Region 2, superheated steam: forward properties from gamma0 + gammar, and the two-variable
+// searches from (h,s) and from (density,h) on the forward equation.
+#include <cmath>
+
+#include "frame/error_codes.h"
+#include "water/formulation/region2_gibbs.h"
+
+namespace tvl {
+
+namespace {
+
+constexpr double R = kGasConstant;
+using region2::kPressure;
+using region2::kRT;
+
+}  // namespace
+
+double WaterModel::V2PT(double p, double T) {
+    const auto [pi, tau, g] = region2::pointAt<kGammaPi>(xPowers, yPowers, p, T);
+    return g.gPi * (T * R) / kPressure;
+}
+
+// Density from the residual part alone: pi gamma_pi = 1 + pi gammar_pi.
+double WaterModel::D2PT(double p, double T) {
+    const double pi = p / kPressure;
+    xPowers.fill(pi, region2::kReachPi);
+    yPowers.fill(region2::kTemperature / T - region2::kTauShift, region2::kReachY);
+    const GibbsSums residual = residualSums<kGammaPi>(region2::kResidual, xPowers, yPowers);
+    return p / (R * T * (pi * residual.gPi + 1.0));
+}
+
+double WaterModel::U2PT(double p, double T) {
+    const auto [pi, tau, g] = region2::pointAt<kGammaPi | kGammaTau>(xPowers, yPowers, p, T);
+    return R * T * (tau * g.gTau - pi * g.gPi);
+}
+
+double WaterModel::S2PT(double p, double T) {
+    const auto [pi, tau, g] = region2::pointAt<kGamma | kGammaTau>(xPowers, yPowers, p, T);
+    return R * (tau * g.gTau - g.g);
+}
+
+double WaterModel::H2PT(double p, double T) {
+    const auto [pi, tau, g] = region2::pointAt<kGammaTau>(xPowers, yPowers, p, T);
+    return kRT * g.gTau;
+}
+
+double WaterModel::CP2PT(double p, double T) {
+    const auto [pi, tau, g] = region2::pointAt<kGammaTauTau>(xPowers, yPowers, p, T);
+    return -R * tau * tau * g.gTauTau;
+}
+
+double WaterModel::CV2PT(double p, double T) {
+    const auto [pi, tau, g] =
+        region2::pointAt<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
+    const double a = g.gPi - tau * g.gPiTau;
+    return R * (a * a / g.gPiPi - tau * tau * g.gTauTau);
+}
+
+double WaterModel::W2PT(double p, double T) {
+    const auto [pi, tau, g] =
+        region2::pointAt<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
+    const double a = g.gPi - tau * g.gPiTau;
+    return g.gPi * std::sqrt(R * T / (a * a / (tau * tau * g.gTauTau) - g.gPiPi));
+}
+
+double WaterModel::JOULETHOMPSON2PT(double p, double T) {
+    const auto [pi, tau, g] = region2::pointAt<kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
+    return g.gPiTau * T / (kPressure * tau * g.gTauTau);
+}
+
+StateProperties WaterModel::VUSHCVWDERPT2PT(double p, double T) {
+    const auto [pi, tau, g] = region2::pointAt<kAllGibbsTerms>(xPowers, yPowers, p, T);
+    constexpr double k = R / kPressure;
+    StateProperties out;
+    const double a = g.gPi - tau * g.gPiTau;
+    out.v = k * g.gPi * T;
+    out.h = kRT * g.gTau;
+    out.u = out.h - p * out.v;
+    out.s = R * (tau * g.gTau - g.g);
+    out.cv = R * (a * a / g.gPiPi - tau * tau * g.gTauTau);
+    out.w = g.gPi * std::sqrt(R * T / (a * a / (tau * tau * g.gTauTau) - g.gPiPi));
+    out.dvdp = k * T * g.gPiPi / kPressure;
+    out.dvdT = k * a;
+    out.dhdT = -R * tau * tau * g.gTauTau;
+    out.dhdp = out.v - T * out.dvdT;
+    out.dsdp = -out.dvdT;
+    out.dudp = out.dhdp - (p * out.dvdp + out.v);
+    out.dudT = out.dhdT - p * out.dvdT;
+    out.dsdT = out.dhdT / T;
+    return out;
+}
+
+// Newton on (p, T) for the given h and s. The stop limits are plain products with the targets:
+// a negative h or s gives a negative limit that no residual can pass, and the search runs out.
+void WaterModel::SolveRegion2HS(double h, double s, double& p, double& T) {
+    const double limitH = settings.tolerance * h;
+    const double limitS = settings.tolerance * s;
+    constexpr double k = R / kPressure;
+    for (int count = 1;; ++count) {
+        if (p < region2::kSmallestPressure) p = region2::kSmallestPressure;
+        const auto [pi, tau, g] =
+            region2::pointAt<kGamma | kGammaPi | kGammaTau | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
+        const double residualH = kRT * g.gTau - h;
+        const double residualS = R * (tau * g.gTau - g.g) - s;
+        const double dvdT = k * (g.gPi - tau * g.gPiTau);
+        const double v = k * g.gPi * T;
+        const double dhdp = v - T * dvdT;
+        const double dsdp = -dvdT;
+        const double cp = -R * tau * tau * g.gTauTau;
+        const double det = (cp / T) * dhdp - cp * dsdp;
+        p += (residualS * cp - residualH * cp / T) / det;
+        T += (residualH * dsdp - residualS * dhdp) / det;
+        if (count > settings.maxIterations) throw kRootNotFound;
+        // The residuals are those before this turn's step: the step is kept untested.
+        if (std::fabs(residualH) >= limitH || std::fabs(residualS) >= limitS) continue;
+        if (count < settings.maxIterations) break;
+        throw kRootNotFound;
+    }
+    solved.PublishPressure(p);
+    solved.PublishTemperature(T);
+}
+
+// Newton on (p, T) for the given density and h: the system in specific volume, the stop test in
+// density. There is no backward equation behind it; it runs in any toleranceMode.
+void WaterModel::SolveRegion2RH(double density, double h, double& p, double& T) {
+    const double eps = settings.tolerance;
+    const double limitH = std::fabs(h) > 1.0 ? std::fabs(eps * h) : eps * 10000.0;
+    const double limitD = std::fabs(density) > 1.0 ? std::fabs(eps * density) : eps * 10000.0;
+    const double targetVolume = 1.0 / density;
+    constexpr double k = R / kPressure;
+    int count = 0;
+    for (;;) {
+        ++count;
+        const auto [pi, tau, g] =
+            region2::pointAt<kGammaPi | kGammaPiPi | kGammaTau | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
+        const double residualH = kRT * g.gTau - h;
+        const double v = k * g.gPi * T;
+        const double residualV = v - targetVolume;
+        const double residualD = 1.0 / v - density;
+        const double dvdT = k * (g.gPi - tau * g.gPiTau);
+        const double dvdp = T * k * g.gPiPi / kPressure;
+        const double dhdp = v - T * dvdT;
+        const double cp = -R * tau * tau * g.gTauTau;
+        const double det = dhdp * dvdT - cp * dvdp;
+        p += (residualV * cp - residualH * dvdT) / det;
+        T += (residualH * dvdp - residualV * dhdp) / det;
+        if (p < 0.0) p = 1000.0;
+        if (T < 0.0) T = 400.0;
+        if (count > settings.maxIterations) break;
+        if (!(std::fabs(residualH) >= limitH || std::fabs(residualD) >= limitD)) break;
+    }
+    if (count >= settings.maxIterations) throw kRootNotFound;
+    solved.PublishPressure(p);
+    solved.PublishTemperature(T);
+}
+
+}  // namespace tvl
