@@ -1,9 +1,12 @@
 // Metastable vapour: steam expanded past the saturation line that stays vapour for a while. The
 // supplementary equation of IF97: the ideal part of region 2 with two readjusted coefficients,
 // and a residual part of its own. No iteration, nothing published.
+#include <cmath>
+
 #include "water/formulation/constants.h"
 #include "water/formulation/gibbs_properties.h"
-#include "water/formulation/gibbs_sums.h"
+#include "water/formulation/gibbs_terms.h"
+#include "water/formulation/polynomial.h"
 #include "water/formulation/tables/metastable_coefficients.h"
 #include "water/formulation/water_model.h"
 
@@ -14,6 +17,13 @@ namespace {
 constexpr double kPStar = 1e6;
 constexpr double kTStar = 540.0;
 constexpr double kRTStar = 249224.04;  // R times 540 K, J/kg
+constexpr double kTauShift = 0.5;      // the residual part runs in tau - 0.5
+
+inline constexpr auto kResidual = withProducts(kMetastableResidual);
+inline constexpr auto kIdeal = withProducts(kMetastableIdeal);
+constexpr int kReachPi = reachOfI(kMetastableResidual, 2);
+constexpr int kReachY = reachOfJ(kMetastableResidual, 2);
+constexpr int kReachTau = reachOfIdeal(kMetastableIdeal);
 
 }  // namespace
 
@@ -21,7 +31,13 @@ template <unsigned Wanted>
 GibbsPoint WaterModel::metastableAt(double p, double T) {
     const double pi = p / kPStar;
     const double tau = kTStar / T;
-    return {pi, tau, idealResidualSums<Wanted, kMetastableIdeal, kMetastableResidual>(pi, tau, 0.5, xPowers, yPowers)};
+    xPowers.fill(pi, kReachPi);
+    yPowers.fill(tau - kTauShift, kReachY);
+    const GibbsSums residual = residualSums<Wanted>(kResidual, xPowers, yPowers);
+    yPowers.fill(tau, kReachTau);
+    const GibbsSums ideal = idealSums<Wanted>(kIdeal, yPowers);
+    const double logPi = (Wanted & kGamma) != 0 ? std::log(pi) : 0.0;
+    return {pi, tau, combinedSums<Wanted>(pi, ideal, residual, logPi)};
 }
 
 double WaterModel::VMSPT(double p, double T) {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "frame/error_codes.h"
+#include "water/formulation/gibbs_properties.h"
 #include "water/formulation/region2_gibbs.h"
 
 namespace tvl {
@@ -16,8 +17,7 @@ using region2::kRT;
 }  // namespace
 
 double WaterModel::V2PT(double p, double T) {
-    const auto [pi, tau, g] = region2::pointAt<kGammaPi>(xPowers, yPowers, p, T);
-    return g.gPi * (T * R) / kPressure;
+    return gibbs::volume(region2::pointAt<kGammaPi>(xPowers, yPowers, p, T), T, kPressure);
 }
 
 // Density from the residual part alone: pi gamma_pi = 1 + pi gammar_pi.
@@ -30,64 +30,35 @@ double WaterModel::D2PT(double p, double T) {
 }
 
 double WaterModel::U2PT(double p, double T) {
-    const auto [pi, tau, g] = region2::pointAt<kGammaPi | kGammaTau>(xPowers, yPowers, p, T);
-    return R * T * (tau * g.gTau - pi * g.gPi);
+    return gibbs::internalEnergy(region2::pointAt<kGammaPi | kGammaTau>(xPowers, yPowers, p, T), T);
 }
 
 double WaterModel::S2PT(double p, double T) {
-    const auto [pi, tau, g] = region2::pointAt<kGamma | kGammaTau>(xPowers, yPowers, p, T);
-    return R * (tau * g.gTau - g.g);
+    return gibbs::entropy(region2::pointAt<kGamma | kGammaTau>(xPowers, yPowers, p, T));
 }
 
 double WaterModel::H2PT(double p, double T) {
-    const auto [pi, tau, g] = region2::pointAt<kGammaTau>(xPowers, yPowers, p, T);
-    return kRT * g.gTau;
+    return gibbs::enthalpy(region2::pointAt<kGammaTau>(xPowers, yPowers, p, T), kRT);
 }
 
 double WaterModel::CP2PT(double p, double T) {
-    const auto [pi, tau, g] = region2::pointAt<kGammaTauTau>(xPowers, yPowers, p, T);
-    return -R * tau * tau * g.gTauTau;
+    return gibbs::isobaricHeatCapacity(region2::pointAt<kGammaTauTau>(xPowers, yPowers, p, T));
 }
 
 double WaterModel::CV2PT(double p, double T) {
-    const auto [pi, tau, g] =
-        region2::pointAt<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-    const double a = g.gPi - tau * g.gPiTau;
-    return R * (a * a / g.gPiPi - tau * tau * g.gTauTau);
+    return gibbs::isochoricHeatCapacity(region2::pointAt<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T));
 }
 
 double WaterModel::W2PT(double p, double T) {
-    const auto [pi, tau, g] =
-        region2::pointAt<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-    const double a = g.gPi - tau * g.gPiTau;
-    return g.gPi * std::sqrt(R * T / (a * a / (tau * tau * g.gTauTau) - g.gPiPi));
+    return gibbs::speedOfSound(region2::pointAt<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T), T);
 }
 
 double WaterModel::JOULETHOMPSON2PT(double p, double T) {
-    const auto [pi, tau, g] = region2::pointAt<kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-    return g.gPiTau * T / (kPressure * tau * g.gTauTau);
+    return gibbs::jouleThomson(region2::pointAt<kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T), T, kPressure);
 }
 
 StateProperties WaterModel::VUSHCVWDERPT2PT(double p, double T) {
-    const auto [pi, tau, g] = region2::pointAt<kAllGibbsTerms>(xPowers, yPowers, p, T);
-    constexpr double k = R / kPressure;
-    StateProperties out;
-    const double a = g.gPi - tau * g.gPiTau;
-    out.v = k * g.gPi * T;
-    out.h = kRT * g.gTau;
-    out.u = out.h - p * out.v;
-    out.s = R * (tau * g.gTau - g.g);
-    out.cv = R * (a * a / g.gPiPi - tau * tau * g.gTauTau);
-    out.w = g.gPi * std::sqrt(R * T / (a * a / (tau * tau * g.gTauTau) - g.gPiPi));
-    out.dvdp = k * T * g.gPiPi / kPressure;
-    out.dvdT = k * a;
-    out.dhdT = -R * tau * tau * g.gTauTau;
-    out.dhdp = out.v - T * out.dvdT;
-    out.dsdp = -out.dvdT;
-    out.dudp = out.dhdp - (p * out.dvdp + out.v);
-    out.dudT = out.dhdT - p * out.dvdT;
-    out.dsdT = out.dhdT / T;
-    return out;
+    return gibbs::stateProperties(region2::pointAt<kAllGibbsTerms>(xPowers, yPowers, p, T), p, T, kPressure, kRT);
 }
 
 // Newton on (p, T) for the given h and s. The stop limits are plain products with the targets:

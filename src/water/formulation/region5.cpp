@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "frame/error_codes.h"
+#include "water/formulation/gibbs_properties.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/gibbs_terms.h"
 #include "water/formulation/polynomial.h"
@@ -57,8 +58,7 @@ GibbsPoint region5At(PowerTable& x, PowerTable& y, double p, double T) {
 }  // namespace
 
 double WaterModel::V5PT(double p, double T) {
-    const auto [pi, tau, g] = region5At<kGammaPi>(xPowers, yPowers, p, T);
-    return R / kPressure * g.gPi * T;
+    return gibbs::volume(region5At<kGammaPi>(xPowers, yPowers, p, T), T, kPressure);
 }
 
 // Density from the residual part alone: pi gamma_pi = 1 + pi gammar_pi.
@@ -71,37 +71,27 @@ double WaterModel::D5PT(double p, double T) {
 }
 
 double WaterModel::U5PT(double p, double T) {
-    const auto [pi, tau, g] = region5At<kGammaPi | kGammaTau>(xPowers, yPowers, p, T);
-    return kRT * g.gTau - R * T * pi * g.gPi;
+    return gibbs::internalEnergy(region5At<kGammaPi | kGammaTau>(xPowers, yPowers, p, T), T);
 }
 
 double WaterModel::S5PT(double p, double T) {
-    const auto [pi, tau, g] = region5At<kGamma | kGammaTau>(xPowers, yPowers, p, T);
-    return R * (tau * g.gTau - g.g);
+    return gibbs::entropy(region5At<kGamma | kGammaTau>(xPowers, yPowers, p, T));
 }
 
 double WaterModel::H5PT(double p, double T) {
-    const auto [pi, tau, g] = region5At<kGammaTau>(xPowers, yPowers, p, T);
-    return kRT * g.gTau;
+    return gibbs::enthalpy(region5At<kGammaTau>(xPowers, yPowers, p, T), kRT);
 }
 
 double WaterModel::CP5PT(double p, double T) {
-    const auto [pi, tau, g] = region5At<kGammaTauTau>(xPowers, yPowers, p, T);
-    return -R * tau * tau * g.gTauTau;
+    return gibbs::isobaricHeatCapacity(region5At<kGammaTauTau>(xPowers, yPowers, p, T));
 }
 
 double WaterModel::CV5PT(double p, double T) {
-    const auto [pi, tau, g] =
-        region5At<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-    const double a = g.gPi - tau * g.gPiTau;
-    return R * (a * a / g.gPiPi - tau * tau * g.gTauTau);
+    return gibbs::isochoricHeatCapacity(region5At<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T));
 }
 
 double WaterModel::W5PT(double p, double T) {
-    const auto [pi, tau, g] =
-        region5At<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-    const double a = g.gPi - tau * g.gPiTau;
-    return g.gPi * std::sqrt(R * T / (a * a / (tau * tau * g.gTauTau) - g.gPiPi));
+    return gibbs::speedOfSound(region5At<kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T), T);
 }
 
 // Not the isenthalpic slope T gamma_pitau / (p* tau gamma_tautau): the residual sums carry one
@@ -123,25 +113,7 @@ double WaterModel::JOULETHOMPSON5PT(double p, double T) {
 }
 
 StateProperties WaterModel::VUSHCVWDERPT5PT(double p, double T) {
-    const auto [pi, tau, g] = region5At<kAllGibbsTerms>(xPowers, yPowers, p, T);
-    constexpr double k = R / kPressure;
-    StateProperties out;
-    const double a = g.gPi - tau * g.gPiTau;
-    out.v = k * g.gPi * T;
-    out.h = kRT * g.gTau;
-    out.u = out.h - p * out.v;
-    out.s = R * (tau * g.gTau - g.g);
-    out.cv = R * (a * a / g.gPiPi - tau * tau * g.gTauTau);
-    out.w = g.gPi * std::sqrt(R * T / (a * a / (tau * tau * g.gTauTau) - g.gPiPi));
-    out.dvdp = k * T * g.gPiPi / kPressure;
-    out.dvdT = k * a;
-    out.dhdT = -R * tau * tau * g.gTauTau;
-    out.dhdp = out.v - T * out.dvdT;
-    out.dsdp = -out.dvdT;
-    out.dudp = out.dhdp - (p * out.dvdp + out.v);
-    out.dudT = out.dhdT - p * out.dvdT;
-    out.dsdT = out.dhdT / T;
-    return out;
+    return gibbs::stateProperties(region5At<kAllGibbsTerms>(xPowers, yPowers, p, T), p, T, kPressure, kRT);
 }
 
 // ---- Searches: there is no backward equation, so these run in any toleranceMode ----
