@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <utility>
 
 #include "water/formulation/constants.h"
 #include "water/formulation/polynomial.h"
@@ -69,20 +71,32 @@ constexpr std::array<HelmholtzRow, 39> makeRows() {
 
 inline constexpr std::array<HelmholtzRow, 39> kRows = makeRows();
 
+// One term's share of the wanted sums. The row is a compile-time constant, so every power read
+// is a plain load, or the reciprocal of one for a negative exponent, which the compiler forms
+// once for all the terms that read it.
+template <unsigned Wanted, std::size_t K>
+inline void addTerm(HelmholtzSums& s, const PowerTable& d, const PowerTable& t) {
+    constexpr HelmholtzRow r = kRows[K];
+    if constexpr ((Wanted & kPhi) != 0) s.phi += r.n * d(r.I) * t(r.J);
+    if constexpr ((Wanted & kPhiDelta) != 0) s.phiDelta += r.nI * d(r.I - 1) * t(r.J);
+    if constexpr ((Wanted & kPhiDeltaDelta) != 0) s.phiDeltaDelta += r.nII * d(r.I - 2) * t(r.J);
+    if constexpr ((Wanted & kPhiTau) != 0) s.phiTau += r.nJ * d(r.I) * t(r.J - 1);
+    if constexpr ((Wanted & kPhiTauTau) != 0) s.phiTauTau += r.nJJ * d(r.I) * t(r.J - 2);
+    if constexpr ((Wanted & kPhiDeltaTau) != 0) s.phiDeltaTau += r.nIJ * d(r.I - 1) * t(r.J - 1);
+}
+
+template <unsigned Wanted, std::size_t... K>
+inline void addTerms(HelmholtzSums& s, const PowerTable& d, const PowerTable& t, std::index_sequence<K...>) {
+    (addTerm<Wanted, K>(s, d, t), ...);
+}
+
 // The 39 table terms in the release's order, from powers of delta in `d` and of tau in `t`, and
 // the logarithm term added by hand. Terms whose exponent factor is zero still read the reciprocal
 // power and multiply it by that zero.
 template <unsigned Wanted>
 HelmholtzSums sums(const PowerTable& d, const PowerTable& t, double delta) {
     HelmholtzSums s;
-    for (const HelmholtzRow& r : kRows) {
-        if constexpr ((Wanted & kPhi) != 0) s.phi += r.n * d(r.I) * t(r.J);
-        if constexpr ((Wanted & kPhiDelta) != 0) s.phiDelta += r.nI * d(r.I - 1) * t(r.J);
-        if constexpr ((Wanted & kPhiDeltaDelta) != 0) s.phiDeltaDelta += r.nII * d(r.I - 2) * t(r.J);
-        if constexpr ((Wanted & kPhiTau) != 0) s.phiTau += r.nJ * d(r.I) * t(r.J - 1);
-        if constexpr ((Wanted & kPhiTauTau) != 0) s.phiTauTau += r.nJJ * d(r.I) * t(r.J - 2);
-        if constexpr ((Wanted & kPhiDeltaTau) != 0) s.phiDeltaTau += r.nIJ * d(r.I - 1) * t(r.J - 1);
-    }
+    addTerms<Wanted>(s, d, t, std::make_index_sequence<kRows.size()>());
     constexpr double n1 = kRegion3LogCoefficient;
     if constexpr ((Wanted & kPhi) != 0) s.phi += n1 * std::log(delta);
     if constexpr ((Wanted & kPhiDelta) != 0) s.phiDelta += n1 / delta;
