@@ -124,6 +124,29 @@ TVL_API double TVL_CALL tvlT2HS(double h, double s);
 TVL_API double TVL_CALL tvlPT2HS(double h, double s, double* p, double* T);
 TVL_API double TVL_CALL tvlPT2RH(double r, double h, double* p, double* T);
 
+/* ---- Region 3, near-critical fluid by (density,T) and (p,T): raw equations, no range test ---- */
+TVL_API double TVL_CALL tvlP3RT(double r, double T);
+TVL_API double TVL_CALL tvlU3RT(double r, double T);
+TVL_API double TVL_CALL tvlS3RT(double r, double T);
+TVL_API double TVL_CALL tvlH3RT(double r, double T);
+TVL_API double TVL_CALL tvlCP3RT(double r, double T);
+TVL_API double TVL_CALL tvlCV3RT(double r, double T);
+TVL_API double TVL_CALL tvlW3RT(double r, double T);
+TVL_API double TVL_CALL tvlJOULETHOMPSON3RT(double r, double T);
+TVL_API double TVL_CALL tvlVUSHCVWDERPT3RT(double r, double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+TVL_API double TVL_CALL tvlR3PT(double p, double T);
+TVL_API double TVL_CALL tvlD3PT(double p, double T);
+TVL_API double TVL_CALL tvlV3PT(double p, double T);
+TVL_API double TVL_CALL tvlU3PT(double p, double T);
+TVL_API double TVL_CALL tvlS3PT(double p, double T);
+TVL_API double TVL_CALL tvlH3PT(double p, double T);
+TVL_API double TVL_CALL tvlCP3PT(double p, double T);
+TVL_API double TVL_CALL tvlCV3PT(double p, double T);
+TVL_API double TVL_CALL tvlW3PT(double p, double T);
+TVL_API double TVL_CALL tvlJOULETHOMPSON3PT(double p, double T);
+TVL_API double TVL_CALL tvlVUSHCVWDERPT3PT(double p, double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+TVL_API double TVL_CALL tvlR3PTR0(double p, double T, double r0);
+
 /* ---- Region 5, high-temperature steam: raw equations, no range test ---- */
 TVL_API double TVL_CALL tvlV5PT(double p, double T);
 TVL_API double TVL_CALL tvlD5PT(double p, double T);
@@ -141,6 +164,18 @@ TVL_API double TVL_CALL tvlP5HS(double h, double s);
 TVL_API double TVL_CALL tvlT5HS(double h, double s);
 TVL_API double TVL_CALL tvlPT5HS(double h, double s, double* p, double* T);
 TVL_API double TVL_CALL tvlPT5RH(double r, double h, double* p, double* T);
+
+/* ---- Region 3 backward functions in (p,h), (p,s), (h,s) and (density,h), no range test ---- */
+TVL_API double TVL_CALL tvlT3PH(double p, double h);
+TVL_API double TVL_CALL tvlV3PH(double p, double h);
+TVL_API double TVL_CALL tvlT3PS(double p, double s);
+TVL_API double TVL_CALL tvlV3PS(double p, double s);
+TVL_API double TVL_CALL tvlP3HS(double h, double s);
+TVL_API double TVL_CALL tvlT3HS(double h, double s);
+TVL_API double TVL_CALL tvlV3HS(double h, double s);
+TVL_API double TVL_CALL tvlPT3HS(double h, double s, double* p, double* T);
+TVL_API double TVL_CALL tvlRT3HS(double h, double s, double* r, double* T);
+TVL_API double TVL_CALL tvlT3RH(double r, double h);
 
 /* ---- Viscosity and thermal conductivity ---- */
 TVL_API double TVL_CALL tvlDYNVISRT(double r, double T);

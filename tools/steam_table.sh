@@ -60,3 +60,17 @@ for p in 0.5 30; do
             "$("$TVL" W5PT "$P" "$T")"
     done
 done
+
+echo
+echo "Near-critical fluid (region 3)"
+printf '%10s %8s %14s %12s %10s %10s %10s\n' "p [MPa]" "T [K]" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" "cp [kJ/kgK]" "w [m/s]"
+for state in "25 650" "25 700" "50 700" "100 750"; do
+    set -- $state
+    P=$(awk "BEGIN { print $1 * 1e6 }")
+    printf '%10s %8s %14.8f %12.3f %10.4f %10.4f %10.2f\n' "$1" "$2" \
+        "$("$TVL" V3PT "$P" "$2")" \
+        "$(awk "BEGIN { print $("$TVL" H3PT "$P" "$2") / 1000 }")" \
+        "$(awk "BEGIN { print $("$TVL" S3PT "$P" "$2") / 1000 }")" \
+        "$(awk "BEGIN { print $("$TVL" CP3PT "$P" "$2") / 1000 }")" \
+        "$("$TVL" W3PT "$P" "$2")"
+done

@@ -117,6 +117,31 @@ public:
     void SolveRegion2RH(double density, double h, double& p, double& T);
 
     // ---- Region 3 (region3.cpp, region3_fit.cpp) ----
+    // Forward equations in (density, T) from the Helmholtz free energy phi(delta, tau).
+    double P3RT(double rho, double T);
+    double U3RT(double rho, double T);
+    double S3RT(double rho, double T);
+    double H3RT(double rho, double T);
+    double CP3RT(double rho, double T);
+    double CV3RT(double rho, double T);
+    double W3RT(double rho, double T);
+    double JOULETHOMPSON3RT(double rho, double T);
+    StateProperties VUSHCVWDERPT3RT(double rho, double T);
+    // The library's fitted specific volume, and the Newton refinement of a density at fixed T.
+    double RoughV3PT(double p, double T) const;
+    double R3PTR0(double p, double T, double rho0);
+    // (p,T): the density sequence (the fit, refined while toleranceMode is on), then (density, T).
+    double R3PT(double p, double T);
+    double D3PT(double p, double T);
+    double V3PT(double p, double T);
+    double U3PT(double p, double T);
+    double S3PT(double p, double T);
+    double H3PT(double p, double T);
+    double CP3PT(double p, double T);
+    double CV3PT(double p, double T);
+    double W3PT(double p, double T);
+    double JOULETHOMPSON3PT(double p, double T);
+    StateProperties VUSHCVWDERPT3PT(double p, double T);
 
     // ---- Region 5 (region5.cpp) ----
     double V5PT(double p, double T);
@@ -138,6 +163,33 @@ public:
     void PT5RH(double density, double h, double& p, double& T);
 
     // ---- Region 3 backward functions (region3_backward.cpp) ----
+    // Raw equations of the releases; they publish nothing.
+    double T3APH(double p, double h);
+    double T3BPH(double p, double h);
+    double V3APH(double p, double h);
+    double V3BPH(double p, double h);
+    double T3APS(double p, double s);
+    double T3BPS(double p, double s);
+    double V3APS(double p, double s);
+    double V3BPS(double p, double s);
+    double P3AHS(double h, double s);
+    double P3BHS(double h, double s);
+    double H3AB(double p) const;
+    // Refinements of (density, T) against the basic equation; rho and T hold the start.
+    void SolveRegion3PH(double p, double h, double& rho, double& T);
+    void SolveRegion3PS(double p, double s, double& rho, double& T);
+    void SolveRegion3HS(double h, double s, double& rho, double& T);
+    double T3PH(double p, double h);
+    double V3PH(double p, double h);
+    double T3PS(double p, double s);
+    double V3PS(double p, double s);
+    double T3HSDirect(double h, double s);
+    double P3HS(double h, double s);
+    double T3HS(double h, double s);
+    double V3HS(double h, double s);
+    void PT3HS(double h, double s, double& p, double& T);
+    void RT3HS(double h, double s, double& rho, double& T);
+    double T3RH(double rho, double h, double startTemperature);
 
     // ---- Backward equations in (h,s) and the two-phase area (hs_backward.cpp) ----
 
