@@ -177,15 +177,40 @@ TVL_API double TVL_CALL tvlPT3HS(double h, double s, double* p, double* T);
 TVL_API double TVL_CALL tvlRT3HS(double h, double s, double* r, double* T);
 TVL_API double TVL_CALL tvlT3RH(double r, double h);
 
+/* ---- Properties by (p,T), region selected ---- */
+TVL_API double TVL_CALL tvlVPT(double p, double T);
+TVL_API double TVL_CALL tvlDPT(double p, double T);
+TVL_API double TVL_CALL tvlUPT(double p, double T);
+TVL_API double TVL_CALL tvlSPT(double p, double T);
+TVL_API double TVL_CALL tvlHPT(double p, double T);
+TVL_API double TVL_CALL tvlCPPT(double p, double T);
+TVL_API double TVL_CALL tvlCVPT(double p, double T);
+TVL_API double TVL_CALL tvlWPT(double p, double T);
+TVL_API double TVL_CALL tvlJOULETHOMPSONPT(double p, double T);
+TVL_API double TVL_CALL tvlKPT(double p, double T);
+TVL_API int32_t TVL_CALL tvlWATERSTATEAREA(double p, double T);
+TVL_API int32_t TVL_CALL tvlWATERSTATEAREA2(double p, double T);
+TVL_API int32_t TVL_CALL tvlPHASESTATEPT(double p, double T);
+
+/* ---- Combined property calls: fourteen outputs from one evaluation ---- */
+TVL_API double TVL_CALL tvlVUSHCVWDERPTPT(double p, double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+
 /* ---- Viscosity and thermal conductivity ---- */
 TVL_API double TVL_CALL tvlDYNVISRT(double r, double T);
 TVL_API double TVL_CALL tvlTHERMCONDRT(double r, double T);
+TVL_API double TVL_CALL tvlTHERMCONDPT(double p, double T);
+TVL_API double TVL_CALL tvlDYNVISPT(double p, double T);
+TVL_API double TVL_CALL tvlPRANDTLEPT(double p, double T);
+TVL_API double TVL_CALL tvlKINVISPT(double p, double T);
 
 /* ---- Surface tension, dielectric constant, ionization constant, refractive index ---- */
 TVL_API double TVL_CALL tvlSURFTENT(double T);
 TVL_API double TVL_CALL tvlDCRT(double r, double T);
 TVL_API double TVL_CALL tvlPKWRT(double r, double T);
 TVL_API double TVL_CALL tvlRIRTL(double r, double T, double L);
+TVL_API double TVL_CALL tvlDCPT(double p, double T);
+TVL_API double TVL_CALL tvlPKWPT(double p, double T);
+TVL_API double TVL_CALL tvlRIPTL(double p, double T, double L);
 
 /* ---- Melting and sublimation curves ---- */
 TVL_API double TVL_CALL tvlPMELTIT(double T);

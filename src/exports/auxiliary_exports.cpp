@@ -17,3 +17,15 @@ TVL_API double TVL_CALL tvlPKWRT(double r, double T) {
 TVL_API double TVL_CALL tvlRIRTL(double r, double T, double L) {
     return tvl::globalFacade().RIRTL(r, T, L);
 }
+
+TVL_API double TVL_CALL tvlDCPT(double p, double T) {
+    return tvl::globalFacade().DCPT(p, T);
+}
+
+TVL_API double TVL_CALL tvlPKWPT(double p, double T) {
+    return tvl::globalFacade().PKWPT(p, T);
+}
+
+TVL_API double TVL_CALL tvlRIPTL(double p, double T, double L) {
+    return tvl::globalFacade().RIPTL(p, T, L);
+}

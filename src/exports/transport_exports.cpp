@@ -9,3 +9,19 @@ TVL_API double TVL_CALL tvlDYNVISRT(double r, double T) {
 TVL_API double TVL_CALL tvlTHERMCONDRT(double r, double T) {
     return tvl::globalFacade().THERMCONDRT(r, T);
 }
+
+TVL_API double TVL_CALL tvlTHERMCONDPT(double p, double T) {
+    return tvl::globalFacade().THERMCONDPT(p, T);
+}
+
+TVL_API double TVL_CALL tvlDYNVISPT(double p, double T) {
+    return tvl::globalFacade().DYNVISPT(p, T);
+}
+
+TVL_API double TVL_CALL tvlPRANDTLEPT(double p, double T) {
+    return tvl::globalFacade().PRANDTLEPT(p, T);
+}
+
+TVL_API double TVL_CALL tvlKINVISPT(double p, double T) {
+    return tvl::globalFacade().KINVISPT(p, T);
+}

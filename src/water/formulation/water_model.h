@@ -194,6 +194,29 @@ public:
     // ---- Backward equations in (h,s) and the two-phase area (hs_backward.cpp) ----
 
     // ---- Dispatch on (p,T) (pt_dispatch.cpp) ----
+    // The region of the property family (1, 2, 3 or 5); never 4.
+    int REGIONPT(double p, double T) const;
+    int WATERSTATEAREA(double p, double T) const;
+    int WATERSTATEAREA2(double p, double T) const;
+    int PHASESTATEPT(double p, double T) const;
+    double VPT(double p, double T);
+    double DPT(double p, double T);
+    double UPT(double p, double T);
+    double SPT(double p, double T);
+    double HPT(double p, double T);
+    double CPPT(double p, double T);
+    double CVPT(double p, double T);
+    double WPT(double p, double T);
+    double JOULETHOMPSONPT(double p, double T);
+    StateProperties VUSHCVWDERPTPT(double p, double T);
+    double THERMCONDPT(double p, double T);
+    double DYNVISPT(double p, double T);
+    double PRANDTLEPT(double p, double T);
+    double KINVISPT(double p, double T);
+    double KPT(double p, double T);
+    double DCPT(double p, double T);
+    double PKWPT(double p, double T);
+    double RIPTL(double p, double T, double wavelength);
 
     // ---- Saturation and two-phase families (two_phase.cpp) ----
 
