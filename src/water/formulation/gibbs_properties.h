@@ -68,6 +68,51 @@ inline StateProperties stateProperties(const GibbsPoint& x, double p, double T, 
     return out;
 }
 
+// One Newton step on (p, T) of a search for a state, from the sums at the current (p, T), with
+// the residuals it was taken from.
+struct NewtonStep {
+    double residualH;
+    double residualOther;  // of the entropy, or of the density
+    double dp;
+    double dT;
+};
+
+// Towards a given enthalpy and entropy, by Cramer's rule on the 2 by 2 system.
+inline NewtonStep stepTowardsEnthalpyEntropy(const GibbsPoint& x, double T, double pStar, double RTstar, double h,
+                                             double s) {
+    const double k = R / pStar;
+    const double residualH = enthalpy(x, RTstar) - h;
+    const double residualS = entropy(x) - s;
+    const double dvdT = k * (x.sums.gPi - x.tau * x.sums.gPiTau);
+    const double v = k * x.sums.gPi * T;
+    const double dhdp = v - T * dvdT;
+    const double dsdp = -dvdT;
+    const double cp = isobaricHeatCapacity(x);
+    const double det = (cp / T) * dhdp - cp * dsdp;
+    return {residualH, residualS, (residualS * cp - residualH * cp / T) / det, (residualH * dsdp - residualS * dhdp) / det};
+}
+
+// Towards a given density and enthalpy: the system in specific volume, the residual reported in
+// density, where the searches test it.
+inline NewtonStep stepTowardsDensityEnthalpy(const GibbsPoint& x, double T, double pStar, double RTstar, double density,
+                                             double h) {
+    const double k = R / pStar;
+    const double residualH = enthalpy(x, RTstar) - h;
+    const double v = k * x.sums.gPi * T;
+    const double residualV = v - 1.0 / density;
+    const double dvdT = k * (x.sums.gPi - x.tau * x.sums.gPiTau);
+    const double dvdp = T * k * x.sums.gPiPi / pStar;
+    const double dhdp = v - T * dvdT;
+    const double cp = isobaricHeatCapacity(x);
+    const double det = dhdp * dvdT - cp * dvdp;
+    return {residualH, 1.0 / v - density, (residualV * cp - residualH * dvdT) / det,
+            (residualH * dvdp - residualV * dhdp) / det};
+}
+
+// The sums a Newton step needs.
+constexpr unsigned kEnthalpyEntropyTerms = kGamma | kGammaPi | kGammaTau | kGammaTauTau | kGammaPiTau;
+constexpr unsigned kDensityEnthalpyTerms = kGammaPi | kGammaPiPi | kGammaTau | kGammaTauTau | kGammaPiTau;
+
 }  // namespace tvl::gibbs
 
 #endif

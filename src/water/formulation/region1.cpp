@@ -206,25 +206,14 @@ void WaterModel::SolveRegion1HS(double h, double s, double& p, double& T) {
     // The floors are deliberately not on the scale of their thresholds.
     const double limitH = std::fabs(h) > 10000.0 ? std::fabs(eps * h) : eps * 10000.0;
     const double limitS = std::fabs(s) > 10.0 ? std::fabs(eps * s) : eps * 10000.0;
-    constexpr double k = R / kPStar;
     for (int count = 1;; ++count) {
-        const double tau = kRegion1Temperature / T;
-        xPowers.fill(reducedPressureShift(p), kReachX);
-        yPowers.fill(reducedTemperatureShift(tau), kReachY);
-        const GibbsSums g = region1Sums<kGamma | kGammaPi | kGammaTau | kGammaTauTau | kGammaPiTau>();
-        const double residualH = kRegion1RT * g.gTau - h;
-        const double residualS = R * (tau * g.gTau - g.g) - s;
-        const double dvdT = k * (g.gPi - tau * g.gPiTau);
-        const double v = k * g.gPi * T;
-        const double dhdp = v - T * dvdT;
-        const double dsdp = -dvdT;
-        const double cp = -R * tau * tau * g.gTauTau;
-        const double det = (cp / T) * dhdp - cp * dsdp;
-        p += (residualS * cp - residualH * cp / T) / det;
-        T += (residualH * dsdp - residualS * dhdp) / det;
+        const gibbs::NewtonStep step = gibbs::stepTowardsEnthalpyEntropy(
+            region1At<gibbs::kEnthalpyEntropyTerms>(p, T), T, kPStar, kRegion1RT, h, s);
+        p += step.dp;
+        T += step.dT;
         if (count > settings.maxIterations) throw kRootNotFound;
         // The residuals are those before this turn's step: the step is kept untested.
-        if (std::fabs(residualH) >= limitH || std::fabs(residualS) >= limitS) continue;
+        if (std::fabs(step.residualH) >= limitH || std::fabs(step.residualOther) >= limitS) continue;
         if (count < settings.maxIterations) break;
         throw kRootNotFound;
     }
@@ -236,30 +225,17 @@ void WaterModel::SolveRegion1RH(double density, double h, double& p, double& T) 
     const double eps = settings.tolerance;
     const double limitH = std::fabs(h) > 1.0 ? std::fabs(eps * h) : eps * 10000.0;
     const double limitD = std::fabs(density) > 1.0 ? std::fabs(eps * density) : eps * 10000.0;
-    const double targetVolume = 1.0 / density;
-    constexpr double k = R / kPStar;
     int count = 0;
     for (;;) {
         ++count;
-        const double tau = kRegion1Temperature / T;
-        xPowers.fill(reducedPressureShift(p), kReachX);
-        yPowers.fill(reducedTemperatureShift(tau), kReachY);
-        const GibbsSums g = region1Sums<kGammaPi | kGammaPiPi | kGammaTau | kGammaTauTau | kGammaPiTau>();
-        const double residualH = kRegion1RT * g.gTau - h;
-        const double v = k * g.gPi * T;
-        const double residualV = v - targetVolume;
-        const double residualD = 1.0 / v - density;
-        const double dvdT = k * (g.gPi - tau * g.gPiTau);
-        const double dvdp = T * k * g.gPiPi / kPStar;
-        const double dhdp = v - T * dvdT;
-        const double cp = -R * tau * tau * g.gTauTau;
-        const double det = dhdp * dvdT - cp * dvdp;
-        p += (residualV * cp - residualH * dvdT) / det;
-        T += (residualH * dvdp - residualV * dhdp) / det;
+        const gibbs::NewtonStep step = gibbs::stepTowardsDensityEnthalpy(
+            region1At<gibbs::kDensityEnthalpyTerms>(p, T), T, kPStar, kRegion1RT, density, h);
+        p += step.dp;
+        T += step.dT;
         if (p < 0.0) p = 1000.0;
         if (T < 0.0) T = 300.0;
         if (count > settings.maxIterations) break;
-        if (!(std::fabs(residualH) >= limitH || std::fabs(residualD) >= limitD)) break;
+        if (!(std::fabs(step.residualH) >= limitH || std::fabs(step.residualOther) >= limitD)) break;
     }
     if (count >= settings.maxIterations) throw kRootNotFound;
     solved.PublishPressure(p);

@@ -66,24 +66,15 @@ StateProperties WaterModel::VUSHCVWDERPT2PT(double p, double T) {
 void WaterModel::SolveRegion2HS(double h, double s, double& p, double& T) {
     const double limitH = settings.tolerance * h;
     const double limitS = settings.tolerance * s;
-    constexpr double k = R / kPressure;
     for (int count = 1;; ++count) {
         if (p < region2::kSmallestPressure) p = region2::kSmallestPressure;
-        const auto [pi, tau, g] =
-            region2::pointAt<kGamma | kGammaPi | kGammaTau | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-        const double residualH = kRT * g.gTau - h;
-        const double residualS = R * (tau * g.gTau - g.g) - s;
-        const double dvdT = k * (g.gPi - tau * g.gPiTau);
-        const double v = k * g.gPi * T;
-        const double dhdp = v - T * dvdT;
-        const double dsdp = -dvdT;
-        const double cp = -R * tau * tau * g.gTauTau;
-        const double det = (cp / T) * dhdp - cp * dsdp;
-        p += (residualS * cp - residualH * cp / T) / det;
-        T += (residualH * dsdp - residualS * dhdp) / det;
+        const gibbs::NewtonStep step = gibbs::stepTowardsEnthalpyEntropy(
+            region2::pointAt<gibbs::kEnthalpyEntropyTerms>(xPowers, yPowers, p, T), T, kPressure, kRT, h, s);
+        p += step.dp;
+        T += step.dT;
         if (count > settings.maxIterations) throw kRootNotFound;
         // The residuals are those before this turn's step: the step is kept untested.
-        if (std::fabs(residualH) >= limitH || std::fabs(residualS) >= limitS) continue;
+        if (std::fabs(step.residualH) >= limitH || std::fabs(step.residualOther) >= limitS) continue;
         if (count < settings.maxIterations) break;
         throw kRootNotFound;
     }
@@ -97,28 +88,17 @@ void WaterModel::SolveRegion2RH(double density, double h, double& p, double& T) 
     const double eps = settings.tolerance;
     const double limitH = std::fabs(h) > 1.0 ? std::fabs(eps * h) : eps * 10000.0;
     const double limitD = std::fabs(density) > 1.0 ? std::fabs(eps * density) : eps * 10000.0;
-    const double targetVolume = 1.0 / density;
-    constexpr double k = R / kPressure;
     int count = 0;
     for (;;) {
         ++count;
-        const auto [pi, tau, g] =
-            region2::pointAt<kGammaPi | kGammaPiPi | kGammaTau | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-        const double residualH = kRT * g.gTau - h;
-        const double v = k * g.gPi * T;
-        const double residualV = v - targetVolume;
-        const double residualD = 1.0 / v - density;
-        const double dvdT = k * (g.gPi - tau * g.gPiTau);
-        const double dvdp = T * k * g.gPiPi / kPressure;
-        const double dhdp = v - T * dvdT;
-        const double cp = -R * tau * tau * g.gTauTau;
-        const double det = dhdp * dvdT - cp * dvdp;
-        p += (residualV * cp - residualH * dvdT) / det;
-        T += (residualH * dvdp - residualV * dhdp) / det;
+        const gibbs::NewtonStep step = gibbs::stepTowardsDensityEnthalpy(
+            region2::pointAt<gibbs::kDensityEnthalpyTerms>(xPowers, yPowers, p, T), T, kPressure, kRT, density, h);
+        p += step.dp;
+        T += step.dT;
         if (p < 0.0) p = 1000.0;
         if (T < 0.0) T = 400.0;
         if (count > settings.maxIterations) break;
-        if (!(std::fabs(residualH) >= limitH || std::fabs(residualD) >= limitD)) break;
+        if (!(std::fabs(step.residualH) >= limitH || std::fabs(step.residualOther) >= limitD)) break;
     }
     if (count >= settings.maxIterations) throw kRootNotFound;
     solved.PublishPressure(p);

@@ -207,22 +207,14 @@ double WaterModel::T5HS(double h, double s) {
 void WaterModel::SolveRegion5HS(double h, double s, double& p, double& T) {
     const double limitH = settings.tolerance * h;
     const double limitS = settings.tolerance * s;
-    constexpr double k = R / kPressure;
     for (int count = 1;; ++count) {
-        const auto [pi, tau, g] =
-            region5At<kGamma | kGammaPi | kGammaTau | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-        const double cp = -tau * tau * g.gTauTau * R;
-        const double residualH = kRT * g.gTau - h;
-        const double residualS = R * (tau * g.gTau - g.g) - s;
-        const double dvdT = (g.gPi - tau * g.gPiTau) * k;
-        const double dhdp = k * g.gPi * T - T * dvdT;
-        const double dsdT = cp / T;
-        const double inverse = 1.0 / (dsdT * dhdp + cp * dvdT);
-        p += (residualS * cp - residualH * dsdT) * inverse;
-        T += (residualH * (-dvdT) - residualS * dhdp) * inverse;
+        const gibbs::NewtonStep step = gibbs::stepTowardsEnthalpyEntropy(
+            region5At<gibbs::kEnthalpyEntropyTerms>(xPowers, yPowers, p, T), T, kPressure, kRT, h, s);
+        p += step.dp;
+        T += step.dT;
         if (count > settings.maxIterations) throw kRootNotFound;
         // The residuals are those before this turn's step.
-        if (std::fabs(residualH) >= limitH || std::fabs(residualS) >= limitS) continue;
+        if (std::fabs(step.residualH) >= limitH || std::fabs(step.residualOther) >= limitS) continue;
         if (count >= settings.maxIterations) throw kRootNotFound;
         break;
     }
@@ -237,27 +229,17 @@ void WaterModel::PT5RH(double density, double h, double& p, double& T) {
     const double eps = settings.tolerance;
     const double limitH = std::fabs(h) > 1.0 ? eps * h : eps * 10000.0;
     const double limitD = std::fabs(density) > 1.0 ? eps * density : eps * 10000.0;
-    constexpr double k = R / kPressure;
     int count = 0;
     for (;;) {
         ++count;
-        const auto [pi, tau, g] =
-            region5At<kGammaPi | kGammaPiPi | kGammaTau | kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T);
-        const double residualH = kRT * g.gTau - h;
-        const double v = k * g.gPi * T;
-        const double dvdT = (g.gPi - tau * g.gPiTau) * k;
-        const double dhdp = v - T * dvdT;
-        const double dvdp = T * k * g.gPiPi / kPressure;
-        const double cp = -tau * tau * g.gTauTau * R;
-        const double residualV = v - 1.0 / density;
-        const double residualD = 1.0 / v - density;
-        const double inverse = 1.0 / (dhdp * dvdT - cp * dvdp);
-        p += (residualV * cp - residualH * dvdT) * inverse;
-        T += (residualH * dvdp - residualV * dhdp) * inverse;
+        const gibbs::NewtonStep step = gibbs::stepTowardsDensityEnthalpy(
+            region5At<gibbs::kDensityEnthalpyTerms>(xPowers, yPowers, p, T), T, kPressure, kRT, density, h);
+        p += step.dp;
+        T += step.dT;
         if (p < 0.0) p = 1000.0;
         if (T < 0.0) T = 1300.0;
         if (count > settings.maxIterations) break;
-        if (!(std::fabs(residualH) >= limitH || std::fabs(residualD) >= limitD)) break;
+        if (!(std::fabs(step.residualH) >= limitH || std::fabs(step.residualOther) >= limitD)) break;
     }
     if (count >= settings.maxIterations) throw kRootNotFound;
     solved.PublishPressure(p);
