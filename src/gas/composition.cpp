@@ -117,13 +117,28 @@ CompositionItem parseItem(GasCatalog& catalog, std::string_view rawItem, int nes
     return {species, volume, mass};
 }
 
+namespace {
+
+int deepestBrace(std::string_view text) {
+    int depth = 0;
+    int deepest = 0;
+    for (const char c : text) {
+        if (c == '{' && ++depth > deepest) deepest = depth;
+        else if (c == '}') --depth;
+    }
+    return deepest;
+}
+
+}  // namespace
+
 // If a step fails, the new mixture enters no map and goes; nested mixtures finished before the
 // failure stay in the cache.
 GasSpecies& resolveComposition(GasCatalog& catalog, std::string_view text, int nesting) {
     const std::string_view key = trimmed(text);
     if (GasSpecies* const* cached = catalog.compositionCache.find(key)) return **cached;
     if (GasSpecies* const* named = catalog.speciesByName.find(key)) return **named;
-    if (nesting > kMaxCompositionNesting) throw kSyntaxError;
+    // Each level of braces is one level of recursion: the depth is settled once, up front.
+    if (nesting == 0 && deepestBrace(key) > kMaxCompositionNesting) throw kSyntaxError;
 
     SpeciesHandle mixture(new GasSpecies(key, catalog.settings, catalog));
     std::ptrdiff_t position = 0;

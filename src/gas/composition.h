@@ -18,7 +18,8 @@ namespace tvl {
 class GasCatalog;
 class GasSpecies;
 
-// Braces nest this deep at most: deeper is code 11, so that no text can exhaust the stack.
+// Braces nest this deep at most: a text with deeper braces is code 11, so that no text can
+// exhaust the stack.
 constexpr int kMaxCompositionNesting = 100;
 
 // The species of a text, owned by the catalogue (the caller takes no reference): the cached

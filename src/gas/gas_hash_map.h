@@ -109,6 +109,12 @@ public:
     bool empty() const { return elementCount == 0; }
     std::uint32_t bucketCount() const { return binCount; }
     bool rehashSuspended() const { return suspension > 0; }
+    // Blocks of 10 nodes held, in use or on the free list.
+    std::uint32_t nodeBlockCount() const {
+        std::uint32_t count = 0;
+        for (const Block* block = blocks; block != nullptr; block = block->next) ++count;
+        return count;
+    }
 
     Iterator begin() const { return Iterator(this); }
     Iterator end() const { return Iterator(); }

@@ -62,12 +62,14 @@ void GasSpecies::addComponent(GasSpecies& component, double volume, double mass)
     if (blendComponent(component, volume, mass)) refreshMixingEntropy();
 }
 
-// Refuses before it changes anything: a negative amount, or a component that would make the
-// mixture contain itself. A NaN amount passes both tests and blends as it is.
+// Refuses before it changes anything: a negative amount, a component that would make the
+// mixture contain itself or nest it deeper than kMaxMixtureDepth. A NaN amount passes these
+// tests and blends as it is.
 bool GasSpecies::blendComponent(GasSpecies& component, double volume, double mass) {
     if (volume < 0.0) throw kOutOfRange;
     if (volume == 0.0) return false;
     if (component.containsSpecies(*this)) throw kBadParameters;
+    if (component.depth >= kMaxMixtureDepth) throw kBadParameters;
 
     if (GasComponentAmounts* amounts = components.find(&component)) {
         amounts->volume += volume;
@@ -94,6 +96,7 @@ bool GasSpecies::blendComponent(GasSpecies& component, double volume, double mas
 
     totalVolume += volume;
     totalMass += mass;
+    if (depth <= component.depth) depth = component.depth + 1;
     gasConstant = kMolarGasConstant / molarMass;
     return true;
 }

@@ -17,6 +17,10 @@ namespace tvl {
 class GasCatalog;
 class GasSpecies;
 
+// Levels of components below a mixture at most. The walks over nested mixtures recurse, and
+// this keeps their depth, and so the stack, bounded whatever a caller builds.
+constexpr std::int32_t kMaxMixtureDepth = 200;
+
 // The amounts of one direct component of a mixture: volume (mole) amount and mass in kg.
 struct GasComponentAmounts {
     double volume;
@@ -86,6 +90,7 @@ public:
     GasCatalog& catalog;
     double totalVolume = 0.0;                     // sum of the volume amounts; 1 for a row
     double totalMass = 0.0;                       // sum of the masses; molarMass for a row
+    std::int32_t depth = 0;                       // levels of components below; 0 for a row
 
 private:
     ~GasSpecies();  // through release() only
