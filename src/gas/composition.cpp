@@ -37,7 +37,7 @@ std::string_view nextItem(std::string_view text, std::ptrdiff_t& position) {
         return {};
     }
     std::ptrdiff_t stop = start + skip;
-    int depth = 0;
+    std::ptrdiff_t depth = 0;
     for (; stop < end; ++stop) {
         const char c = text[stop];
         if (c == ';' && depth == 0) break;
@@ -119,9 +119,9 @@ CompositionItem parseItem(GasCatalog& catalog, std::string_view rawItem, int nes
 
 namespace {
 
-int deepestBrace(std::string_view text) {
-    int depth = 0;
-    int deepest = 0;
+std::ptrdiff_t deepestBrace(std::string_view text) {
+    std::ptrdiff_t depth = 0;
+    std::ptrdiff_t deepest = 0;
     for (const char c : text) {
         if (c == '{' && ++depth > deepest) deepest = depth;
         else if (c == '}') --depth;
