@@ -216,6 +216,56 @@ TVL_API double TVL_CALL tvlRIPTL(double p, double T, double L);
 TVL_API double TVL_CALL tvlPMELTIT(double T);
 TVL_API double TVL_CALL tvlPSUBT(double T);
 
+/* ---- Ideal gases: properties by id and by composition text ---- */
+TVL_API double TVL_CALL tvlgCPIDT(int32_t id, double T);
+TVL_API double TVL_CALL tvlgHIDT(int32_t id, double T);
+TVL_API double TVL_CALL tvlgSIDT(int32_t id, double T);
+TVL_API double TVL_CALL tvlgCVIDT(int32_t id, double T);
+TVL_API double TVL_CALL tvlgUIDT(int32_t id, double T);
+TVL_API double TVL_CALL tvlgVIDT(int32_t id, double T);
+TVL_API double TVL_CALL tvlgTIDH(int32_t id, double h);
+TVL_API double TVL_CALL tvlgTIDS(int32_t id, double s);
+TVL_API double TVL_CALL tvlgCPGST(const char* gs, double T);
+TVL_API double TVL_CALL tvlgHGST(const char* gs, double T);
+TVL_API double TVL_CALL tvlgSGST(const char* gs, double T);
+TVL_API double TVL_CALL tvlgCVGST(const char* gs, double T);
+TVL_API double TVL_CALL tvlgUGST(const char* gs, double T);
+TVL_API double TVL_CALL tvlgVGST(const char* gs, double T);
+TVL_API double TVL_CALL tvlgTGSH(const char* gs, double h);
+TVL_API double TVL_CALL tvlgTGSS(const char* gs, double s);
+TVL_API double TVL_CALL tvlgSIDPT(int32_t id, double p, double T);
+TVL_API double TVL_CALL tvlgVIDPT(int32_t id, double p, double T);
+TVL_API double TVL_CALL tvlgTIDPS(int32_t id, double p, double s);
+TVL_API double TVL_CALL tvlgPIDTS(int32_t id, double T, double s);
+TVL_API double TVL_CALL tvlgSGSPT(const char* gs, double p, double T);
+TVL_API double TVL_CALL tvlgVGSPT(const char* gs, double p, double T);
+TVL_API double TVL_CALL tvlgTGSPS(const char* gs, double p, double s);
+TVL_API double TVL_CALL tvlgPGSTS(const char* gs, double T, double s);
+TVL_API double TVL_CALL tvlgMMID(int32_t id);
+TVL_API double TVL_CALL tvlgMMGS(const char* gs);
+TVL_API double TVL_CALL tvlgGCID(int32_t id);
+TVL_API double TVL_CALL tvlgGCGS(const char* gs);
+
+/* ---- Ideal gases: the catalogue, fractions and composition texts ---- */
+TVL_API double TVL_CALL tvlgVFGSGS(const char* gs, const char* species);
+TVL_API double TVL_CALL tvlgMFGSGS(const char* gs, const char* species);
+TVL_API double TVL_CALL tvlgVFIDID(int32_t id, int32_t species);
+TVL_API double TVL_CALL tvlgMFIDID(int32_t id, int32_t species);
+TVL_API int32_t TVL_CALL tvlgIDNAME(const char* name);
+TVL_API int32_t TVL_CALL tvlgNEWID(void);
+TVL_API int32_t TVL_CALL tvlgNEWIDNAME(const char* name);
+TVL_API int32_t TVL_CALL tvlgNEWIDGS(const char* gs);
+TVL_API int32_t TVL_CALL tvlgDELETEGASID(int32_t id);
+TVL_API int32_t TVL_CALL tvlgDELETEGASES(void);
+TVL_API int32_t TVL_CALL tvlgGASESCOUNT(void);
+TVL_API int32_t TVL_CALL tvlgADDGASM(int32_t id, int32_t component, double mass);
+TVL_API int32_t TVL_CALL tvlgADDGASV(int32_t id, int32_t component, double volume);
+TVL_API const char* TVL_CALL tvlgGSID(int32_t id);
+TVL_API const char* TVL_CALL tvlgGSGS(const char* gs);
+TVL_API double TVL_CALL tvlgGETGASDATA(intptr_t a1, intptr_t a2, intptr_t a3, intptr_t a4, intptr_t a5, intptr_t a6, intptr_t a7, intptr_t a8, intptr_t a9, intptr_t a10, intptr_t a11, intptr_t a12, intptr_t a13, intptr_t a14, intptr_t a15, intptr_t a16, intptr_t a17, intptr_t a18, intptr_t a19, intptr_t a20, intptr_t a21, intptr_t a22, intptr_t a23, intptr_t a24);
+TVL_API int32_t TVL_CALL tvlgSETCALCDISSMODE(int32_t mode);
+TVL_API int32_t TVL_CALL tvlgGETCALCDISSMODE(void);
+
 #ifdef __cplusplus
 }
 #endif

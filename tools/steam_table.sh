@@ -74,3 +74,18 @@ for state in "25 650" "25 700" "50 700" "100 750"; do
         "$(awk "BEGIN { print $("$TVL" CP3PT "$P" "$2") / 1000 }")" \
         "$("$TVL" W3PT "$P" "$2")"
 done
+
+echo
+echo "Ideal gases: the row \"Air\", the mixture \"AirMix\" and a flue gas by composition text"
+FLUE="N2:75;CO2:12;H2O:10;O2:3"
+printf '%-26s %8s %12s %12s %12s\n' "gas" "T [K]" "cp [J/kgK]" "h [kJ/kg]" "s [J/kgK]"
+for GAS in "Air" "AirMix" "$FLUE"; do
+    for T in 300 500 1000 1500 2000; do
+        printf '%-26s %8s %12.3f %12.3f %12.3f\n' "$GAS" "$T" \
+            "$("$TVL" gCPGST "$GAS" "$T")" \
+            "$(awk "BEGIN { printf \"%.6f\", $("$TVL" gHGST "$GAS" "$T") / 1000 }")" \
+            "$("$TVL" gSGST "$GAS" "$T")"
+    done
+done
+echo "Composition of AirMix in volume fractions: $("$TVL" gGSGS "AirMix")"
+echo "Flue gas: molar mass $("$TVL" -p 8 gMMGS "$FLUE") kg/mol, T at h = 1500 kJ/kg: $("$TVL" -p 8 gTGSH "$FLUE" 1.5e6) K"
