@@ -8,7 +8,7 @@ PREFIX ?= /usr/local
 .PHONY: all configure run test bench sanitize clean
 
 all: configure
-	cmake --build $(BUILD) -j $(JOBS)
+	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
 
 configure:
 	@test -f $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
