@@ -9,7 +9,7 @@
 
 #include "frame/model_state.h"
 #include "gas/gas_hash_map.h"
-#include "gas/gas_species.h"
+#include "gas/gas_record.h"
 
 namespace tvl {
 

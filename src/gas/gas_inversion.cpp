@@ -8,7 +8,7 @@
 
 #include "frame/error_codes.h"
 #include "gas/gas_constants.h"
-#include "gas/gas_species.h"
+#include "gas/gas_record.h"
 
 namespace tvl {
 

@@ -10,7 +10,7 @@
 #include "frame/error_codes.h"
 #include "gas/gas_catalog.h"
 #include "gas/gas_constants.h"
-#include "gas/gas_species.h"
+#include "gas/gas_record.h"
 
 namespace tvl {
 

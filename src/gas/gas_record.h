@@ -1,8 +1,8 @@
 // GasSpecies: one ideal gas or mixture. A mixture carries the mole-weighted blend of its
 // components' fit coefficients, so that every property below works on it without a branch;
 // the blending itself is in gas_mixing.cpp.
-#ifndef TAVLIB6_GAS_SPECIES_H
-#define TAVLIB6_GAS_SPECIES_H
+#ifndef TAVLIB6_GAS_RECORD_H
+#define TAVLIB6_GAS_RECORD_H
 
 #include <cstdint>
 #include <memory>

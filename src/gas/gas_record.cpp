@@ -4,7 +4,7 @@
 // With theta = T/1000 and r = 1/theta, cp/R is sum a_k theta^k + sum b_k r^k. The enthalpy
 // and entropy integrals are evaluated in Horner form in theta and in r; one division (r) and
 // one logarithm per call.
-#include "gas/gas_species.h"
+#include "gas/gas_record.h"
 
 #include <cmath>
 #include <cstring>
