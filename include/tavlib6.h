@@ -216,6 +216,10 @@ TVL_API double TVL_CALL tvlRIPTL(double p, double T, double L);
 TVL_API double TVL_CALL tvlPMELTIT(double T);
 TVL_API double TVL_CALL tvlPSUBT(double T);
 
+/* ---- About box and help ---- */
+TVL_API double TVL_CALL tvlSHOWTVLHELP(void* parent);
+TVL_API double TVL_CALL tvlSHOWABOUT(void* parent);
+
 #ifdef __cplusplus
 }
 #endif

@@ -153,4 +153,6 @@ EXPORTS = (
     ('RIPTL', 'double', (('double', 'p'), ('double', 'T'), ('double', 'L')), 'Surface tension, dielectric constant, ionization constant, refractive index'),
     ('PMELTIT', 'double', (('double', 'T'),), 'Melting and sublimation curves'),
     ('PSUBT', 'double', (('double', 'T'),), 'Melting and sublimation curves'),
+    ('SHOWTVLHELP', 'double', (('window', 'parent'),), 'About box and help'),
+    ('SHOWABOUT', 'double', (('window', 'parent'),), 'About box and help'),
 )
