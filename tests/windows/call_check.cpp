@@ -30,9 +30,11 @@ using tvlcli::CallResult;
 using tvlcli::ExportEntry;
 
 // Two builds run the same algorithms through different compilers and mathematical libraries,
-// which may round exp, log and pow differently in the last place; searches that stop at the
-// tolerance 2e-12 can carry such a difference a few hundred times over.
-constexpr double kRelativeTolerance = 1e-9;
+// which may round exp, log and pow differently in the last place (seen: a few 1e-15). A search
+// that stops on a step below the tolerance, 2e-12, may take one step more on one build than
+// on the other, so a result may move by about that much; five times it is still far below
+// any real fault.
+constexpr double kRelativeTolerance = 1e-11;
 // Cases per export drawn from the typical values (all of them when the product is smaller).
 constexpr int kCasesPerExport = 24;
 
