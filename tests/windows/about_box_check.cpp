@@ -172,6 +172,32 @@ DWORD WINAPI closeWhenSeen(LPVOID title) {
     return 0;
 }
 
+// Watches for 4 s that no message box comes up while the help is shown, and closes what the
+// help viewer opens.
+DWORD WINAPI watchHelpViewer(LPVOID) {
+    bool messageBox = false;
+    for (int k = 0; k < 40; ++k) {
+        Search search{L"Tavelin 6.5", static_cast<HWND>(INVALID_HANDLE_VALUE), nullptr, nullptr};
+        EnumWindows(visitWindow, reinterpret_cast<LPARAM>(&search));
+        if (search.found != nullptr) {
+            messageBox = true;
+            PostMessageW(search.found, WM_COMMAND, IDOK, 0);
+        }
+        if (HWND viewer = FindWindowW(L"HH Parent", nullptr)) PostMessageW(viewer, WM_CLOSE, 0, 0);
+        Sleep(100);
+    }
+    check(!messageBox, "no message box: the help file beside the library is found");
+    return 0;
+}
+
+// The folder of the loaded tavlib6.dll, with a trailing separator.
+std::wstring libraryFolder() {
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(GetModuleHandleW(L"tavlib6.dll"), path, MAX_PATH);
+    std::wstring folder = path;
+    return folder.substr(0, folder.find_last_of(L"\\/") + 1);
+}
+
 HWND makeHostWindow() {
     HWND host = CreateWindowExW(0, L"STATIC", L"Spreadsheet host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | SS_CENTER, 40, 30,
                                 820, 560, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
@@ -217,6 +243,26 @@ int main(int argc, char** argv) {
     WaitForSingleObject(closer, INFINITE);
     CloseHandle(closer);
     check(help == 1.0 && tvlGETLASTERROR() == 0, "tvlSHOWTVLHELP without a help file returns 1.0 with no error");
+
+    // A help file beside the library, which stands in another folder than the host program:
+    // the second place of the search finds it and the viewer is asked to show it.
+    const std::wstring helpFile = libraryFolder() + L"tavlib6.chm";
+    wchar_t program[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    if (libraryFolder() != std::wstring(program).substr(0, std::wstring(program).find_last_of(L"\\/") + 1)) {
+        HANDLE file = CreateFileW(helpFile.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        check(file != INVALID_HANDLE_VALUE, "a tavlib6.chm written beside the library");
+        if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+        check(GetModuleHandleW(L"hhctrl.ocx") == nullptr, "the help viewer is not loaded before it is needed");
+        HANDLE watcher = CreateThread(nullptr, 0, watchHelpViewer, nullptr, 0, nullptr);
+        const double found = tvlSHOWTVLHELP(nullptr);
+        check(GetModuleHandleW(L"hhctrl.ocx") != nullptr, "hhctrl.ocx is loaded at run time to show the help");
+        pumpMessages();
+        WaitForSingleObject(watcher, INFINITE);
+        CloseHandle(watcher);
+        check(found == 1.0 && tvlGETLASTERROR() == 0, "tvlSHOWTVLHELP with the help file returns 1.0 with no error");
+        DeleteFileW(helpFile.c_str());
+    }
 
     std::printf("%d passed, %d failed\n", passed, failed);
     return failed == 0 ? 0 : 1;

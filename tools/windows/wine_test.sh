@@ -23,6 +23,7 @@ export WINEDEBUG=-all
 # No Mono and no Gecko: nothing here needs them, and there is nothing to download them from.
 export WINEDLLOVERRIDES="mscoree,mshtml="
 export WINEARCH=win64
+export HOME="${HOME:-$out}"
 
 xvfb_pid=""
 cleanup() {
@@ -45,20 +46,24 @@ if [ ! -f "$WINEPREFIX/system.reg" ]; then
     wineserver -w
 fi
 
-# The DLL and the two programs side by side, as a host program would find them.
-cp "$windows_build/tavlib6.dll" "$windows_build/tavlib6_call_check.exe" "$windows_build/tavlib6_about_check.exe" "$out/run/"
+# The programs stand for host programs; the DLL lies in a folder of its own, found through the
+# search path, so that the help search can tell the library's folder from the host's.
+mkdir -p "$out/run/lib"
+cp "$windows_build/tavlib6.dll" "$out/run/lib/"
+cp "$windows_build/tavlib6_call_check.exe" "$windows_build/tavlib6_about_check.exe" "$out/run/"
 cd "$out/run"
+export WINEPATH='Z:'"$(pwd | tr / '\\')"'\lib'
 
 echo "== the same calls on Linux and on Windows"
 "$linux_build/tests/windows/tavlib6_call_check" write expected.txt
 status=0
-wine tavlib6_call_check.exe compare expected.txt 2>&1 | tr -d '\r' | tee "$out/calls.log" || true
+timeout 600 wine tavlib6_call_check.exe compare expected.txt 2>&1 | tr -d '\r' | tee "$out/calls.log" || true
 grep -q '^[0-9]* passed, 0 failed$' "$out/calls.log" || status=1
 
 echo "== the about box and the help"
 # In a Wine virtual desktop Wine draws the title bars and frames itself; plain Xvfb has no
 # window manager to draw them.
-wine explorer /desktop=tavlib6,1024x768 tavlib6_about_check.exe 'Z:'"$(pwd | tr / '\\')" >"$out/about.log" 2>&1 &
+timeout 600 wine explorer /desktop=tavlib6,1024x768 tavlib6_about_check.exe 'Z:'"$(pwd | tr / '\\')" >"$out/about.log" 2>&1 &
 about_pid=$!
 shoot() {
     local name=$1
