@@ -10,7 +10,7 @@ set_source_files_properties(${TAVLIB6_RESOURCES}/tavlib6.rc PROPERTIES
 target_include_directories(tavlib6 PRIVATE ${CMAKE_SOURCE_DIR}/src ${TAVLIB6_RESOURCES})
 set_target_properties(tavlib6 PROPERTIES PREFIX "" OUTPUT_NAME tavlib6)
 target_link_libraries(tavlib6 PRIVATE user32 shell32 advapi32 version)
-target_link_options(tavlib6 PRIVATE -static -static-libgcc -static-libstdc++)
+target_link_options(tavlib6 PRIVATE -static -static-libgcc -static-libstdc++ $<$<CONFIG:Release>:-s>)
 
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   # The 32-bit DLL is linked with the __stdcall names (tvlPST@8); --kill-at exports them

@@ -55,7 +55,7 @@ cd "$out/run"
 export WINEPATH='Z:'"$(pwd | tr / '\\')"'\lib'
 
 echo "== the same calls on Linux and on Windows"
-"$linux_build/tests/windows/tavlib6_call_check" write expected.txt
+timeout 600 "$linux_build/tests/windows/tavlib6_call_check" write expected.txt
 status=0
 timeout 600 wine tavlib6_call_check.exe compare expected.txt 2>&1 | tr -d '\r' | tee "$out/calls.log" || true
 grep -q '^[0-9]* passed, 0 failed$' "$out/calls.log" || status=1

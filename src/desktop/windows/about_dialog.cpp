@@ -166,7 +166,10 @@ void AboutDialog::open(HWND window) {
     const struct {
         int control;
         UINT text;
-    } texts[] = {{IDC_ABOUT_PRODUCT, IDS_PRODUCT}, {IDC_ABOUT_VERSION, IDS_VERSION}, {IDC_ABOUT_PURPOSE, IDS_PURPOSE}, {IDC_ABOUT_CREDITS, IDS_CREDITS}};
+    } texts[] = {{IDC_ABOUT_PRODUCT, IDS_PRODUCT},
+                 {IDC_ABOUT_VERSION, IDS_VERSION},
+                 {IDC_ABOUT_PURPOSE, IDS_PURPOSE},
+                 {IDC_ABOUT_CREDITS, IDS_CREDITS}};
     for (const auto& item : texts) SetDlgItemTextW(window, item.control, productText(item.text).c_str());
 
     const HINSTANCE module = resourceModule();
