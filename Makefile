@@ -5,7 +5,12 @@ BENCH_BUILD ?= build-bench
 JOBS ?= 2
 PREFIX ?= /usr/local
 
-.PHONY: all configure run test bench sanitize clean
+WIN64_BUILD ?= build-win64
+WIN32_BUILD ?= build-win32
+MINGW_PACKAGES = g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64
+WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
+
+.PHONY: all configure run test bench sanitize clean windows windows-test
 
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
@@ -30,5 +35,22 @@ sanitize:
 	cmake --build $(SANITIZE_BUILD) -j $(JOBS)
 	cd $(SANITIZE_BUILD) && ctest -j $(JOBS) --output-on-failure
 
+# tavlib6.dll for 64-bit and 32-bit Windows, cross-compiled with mingw-w64, and a check that
+# each exports exactly the listed functions under their plain names.
+windows:
+	@sh tools/windows/install_packages.sh $(MINGW_PACKAGES)
+	@test -f $(WIN64_BUILD)/CMakeCache.txt || cmake -S . -B $(WIN64_BUILD) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64-x86_64.cmake -DCMAKE_BUILD_TYPE=Release -DTAVLIB6_TESTS=OFF
+	@test -f $(WIN32_BUILD)/CMakeCache.txt || cmake -S . -B $(WIN32_BUILD) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64-i686.cmake -DCMAKE_BUILD_TYPE=Release -DTAVLIB6_TESTS=OFF
+	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6
+	cmake --build $(WIN32_BUILD) -j $(JOBS) --target tavlib6
+	python3 tools/check_exports.py $(WIN64_BUILD)/tavlib6.dll $(WIN32_BUILD)/tavlib6.dll
+
+# The 64-bit DLL under Wine: the same calls as the Linux library, and the about box on screen.
+windows-test: windows configure
+	@sh tools/windows/install_packages.sh $(WINE_PACKAGES)
+	cmake --build $(BUILD) -j $(JOBS) --target tavlib6_call_check
+	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6_call_check tavlib6_about_check
+	bash tools/windows/wine_test.sh $(BUILD) $(WIN64_BUILD)
+
 clean:
-	rm -rf $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD)
+	rm -rf $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)

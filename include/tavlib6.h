@@ -345,6 +345,10 @@ TVL_API double TVL_CALL tvlgGETGASDATA(intptr_t a1, intptr_t a2, intptr_t a3, in
 TVL_API int32_t TVL_CALL tvlgSETCALCDISSMODE(int32_t mode);
 TVL_API int32_t TVL_CALL tvlgGETCALCDISSMODE(void);
 
+/* ---- About box and help ---- */
+TVL_API double TVL_CALL tvlSHOWTVLHELP(void* parent);
+TVL_API double TVL_CALL tvlSHOWABOUT(void* parent);
+
 #ifdef __cplusplus
 }
 #endif

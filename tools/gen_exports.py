@@ -5,8 +5,8 @@
     python3 tools/gen_exports.py --check   exit 1 if a committed file differs from what would be written
 
 Writes the public header, one file of export forwarders per family, the PropertyFacade
-declarations, the internal object's virtual operations, the table of the tvl command and the
-Python signatures. Standard library only.
+declarations, the internal object's virtual operations, the table of the tvl command, the
+Python signatures and the module definition files of the Windows DLL. Standard library only.
 """
 import os
 import re
@@ -20,6 +20,8 @@ OUT14 = ['v', 'u', 's', 'h', 'cv', 'w', 'dvdp', 'dudp', 'dsdp', 'dhdp', 'dvdT', 
 C_TYPE = {'double': 'double', 'int32': 'int32_t', 'text': 'const char*', 'wtext': 'const tvlWideChar*',
           'double*': 'double*', 'window': 'void*', 'word': 'intptr_t'}
 CLI_CODE = {'double': 'd', 'int32': 'i', 'text': 's', 'double*': 'o', 'window': 'w', 'word': 'W'}
+# Bytes that an argument takes on the 32-bit Windows stack: __stdcall names carry their sum.
+STACK_BYTES_X86 = {'double': 8, 'int32': 4, 'text': 4, 'double*': 4, 'window': 4, 'word': 4}
 PY_TYPE = {'double': 'double', 'int32': 'int32', 'text': 'text', 'wtext': 'wtext', 'double*': 'out',
            'window': 'window', 'word': 'word'}
 
@@ -194,6 +196,21 @@ def python_table(families):
     return '\n'.join(out)
 
 
+def module_definition(families, decorated):
+    """The export table of the Windows DLL. The 64-bit DLL is linked with the plain names; the
+    32-bit one with the __stdcall names (tvlPST@8), which the linker's --kill-at exports
+    undecorated while the import library keeps them for C callers."""
+    out = ['; ' + NOTICE, 'LIBRARY tavlib6', 'EXPORTS']
+    for family in families:
+        for e in family.exports:
+            name = 'tvl' + e.name
+            if decorated:
+                name += '@%d' % sum(STACK_BYTES_X86[t] for t, _ in e.flat_params())
+            out.append('    ' + name)
+    out.append('')
+    return '\n'.join(out)
+
+
 def outputs():
     families = [f for f in parse() if f.exports]
     files = {
@@ -202,6 +219,8 @@ def outputs():
         os.path.join('src', 'frame', 'internal_object_methods.inc'): internal_object_methods(families),
         os.path.join('tools', 'tvl', 'export_table.inc'): cli_table(families),
         os.path.join('python', 'tavlib6', '_exports.py'): python_table(families),
+        os.path.join('src', 'exports', 'tavlib6.def'): module_definition(families, decorated=False),
+        os.path.join('src', 'exports', 'tavlib6_x86.def'): module_definition(families, decorated=True),
     }
     for family in families:
         files[os.path.join('src', 'exports', family.stem + '_exports.cpp')] = forwarders(family)

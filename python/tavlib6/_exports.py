@@ -274,4 +274,6 @@ EXPORTS = (
     ('gGETGASDATA', 'double', (('word', 'a1'), ('word', 'a2'), ('word', 'a3'), ('word', 'a4'), ('word', 'a5'), ('word', 'a6'), ('word', 'a7'), ('word', 'a8'), ('word', 'a9'), ('word', 'a10'), ('word', 'a11'), ('word', 'a12'), ('word', 'a13'), ('word', 'a14'), ('word', 'a15'), ('word', 'a16'), ('word', 'a17'), ('word', 'a18'), ('word', 'a19'), ('word', 'a20'), ('word', 'a21'), ('word', 'a22'), ('word', 'a23'), ('word', 'a24')), 'Ideal gases: the catalogue, fractions and composition texts'),
     ('gSETCALCDISSMODE', 'int32', (('int32', 'mode'),), 'Ideal gases: the catalogue, fractions and composition texts'),
     ('gGETCALCDISSMODE', 'int32', (), 'Ideal gases: the catalogue, fractions and composition texts'),
+    ('SHOWTVLHELP', 'double', (('window', 'parent'),), 'About box and help'),
+    ('SHOWABOUT', 'double', (('window', 'parent'),), 'About box and help'),
 )

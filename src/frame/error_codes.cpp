@@ -1,5 +1,11 @@
 #include "frame/error_codes.h"
 
+#if defined(_WIN32)
+#include <windows.h>
+
+#include "desktop/desktop.h"
+#endif
+
 namespace tvl {
 
 const char* errorText(int code) {
@@ -33,9 +39,37 @@ void copyText(int code, Char* buffer, int capacity) {
     buffer[k] = 0;
 }
 
+#if defined(_WIN32)
+// On Windows the texts are the DLL's string resources, id code + 115; the table above stands in
+// where a resource cannot be loaded (a static build, a stripped DLL). Only codes with a text
+// are looked up, so no other resource is ever read as an error text.
+bool loadResourceText(int code, char* buffer, int capacity) {
+    if (capacity <= 0 || errorText(code) == nullptr) return false;
+    buffer[0] = 0;
+    return LoadStringA(static_cast<HINSTANCE>(desktop::libraryModule()), code + 115, buffer, capacity) > 0;
+}
+
+bool loadResourceText(int code, std::uint16_t* buffer, int capacity) {
+    if (capacity <= 0 || errorText(code) == nullptr) return false;
+    buffer[0] = 0;
+    return LoadStringW(static_cast<HINSTANCE>(desktop::libraryModule()), code + 115,
+                       reinterpret_cast<wchar_t*>(buffer), capacity) > 0;
+}
+#else
+template <class Char>
+bool loadResourceText(int, Char*, int) {
+    return false;
+}
+#endif
+
 }  // namespace
 
-void loadErrorText(int code, char* buffer, int capacity) { copyText(code, buffer, capacity); }
-void loadErrorText(int code, std::uint16_t* buffer, int capacity) { copyText(code, buffer, capacity); }
+void loadErrorText(int code, char* buffer, int capacity) {
+    if (!loadResourceText(code, buffer, capacity)) copyText(code, buffer, capacity);
+}
+
+void loadErrorText(int code, std::uint16_t* buffer, int capacity) {
+    if (!loadResourceText(code, buffer, capacity)) copyText(code, buffer, capacity);
+}
 
 }  // namespace tvl

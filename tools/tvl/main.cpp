@@ -3,6 +3,7 @@
 //   tvl HPT 5e6 700          prints the value
 //   tvl PT1HS 1e5 300        prints the outputs, labelled (p=..., T=...)
 //   tvl --list               lists the exports with their arguments
+//   tvl --about              prints the texts of the about box
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
@@ -14,6 +15,7 @@
 #include <strings.h>
 
 #include "export_table.h"
+#include "product_texts.h"
 
 namespace {
 
@@ -27,7 +29,7 @@ constexpr int kCallFailed = 2;
 void printHelp() {
     std::printf(
         "usage: tvl [-p DIGITS] NAME [ARGUMENT...]\n"
-        "       tvl --list | --help\n\n"
+        "       tvl --list | --about | --help\n\n"
         "Calls the export NAME of tavlib6 (with or without the tvl prefix, in any case) and prints its\n"
         "value with 17 significant digits, or DIGITS with -p. Exports with output cells print each\n"
         "output as name=value. Text arguments are passed as they stand: quote them for the shell,\n"
@@ -45,6 +47,21 @@ void printList() {
         }
         std::printf("  %-34s %s\n", e.name, e.argumentNames);
     }
+}
+
+// The texts of the about box, as the Windows DLL shows them: name, version, purpose, credits.
+void printAbout() {
+    const auto print = [](const char* text) {
+        std::string lines = tvl::expandProductMacros(std::string(text), std::string(TVL_VERSION_TEXT));
+        lines.erase(std::remove(lines.begin(), lines.end(), '\r'), lines.end());
+        std::printf("%s\n", lines.c_str());
+    };
+    print(TVL_TEXT_PRODUCT);
+    print(TVL_TEXT_VERSION);
+    std::printf("\n");
+    print(TVL_TEXT_PURPOSE);
+    std::printf("\n");
+    print(TVL_TEXT_CREDITS);
 }
 
 bool sameName(const char* given, const char* name) {
@@ -165,6 +182,10 @@ int main(int argc, char** argv) {
         }
         if (option == "--list") {
             printList();
+            return 0;
+        }
+        if (option == "--about") {
+            printAbout();
             return 0;
         }
         if (option == "-p" && first + 1 < argc) {
