@@ -194,6 +194,85 @@ TVL_API int32_t TVL_CALL tvlPHASESTATEPT(double p, double T);
 
 /* ---- Combined property calls: fourteen outputs from one evaluation ---- */
 TVL_API double TVL_CALL tvlVUSHCVWDERPTPT(double p, double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+TVL_API double TVL_CALL tvlVUSHCVWDERPTSWT(double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+TVL_API double TVL_CALL tvlVUSHCVWDERPTSST(double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+
+/* ---- Saturated water and steam by T ---- */
+TVL_API double TVL_CALL tvlRST(double T);
+TVL_API double TVL_CALL tvlVSST(double T);
+TVL_API double TVL_CALL tvlVSWT(double T);
+TVL_API double TVL_CALL tvlDSST(double T);
+TVL_API double TVL_CALL tvlDSWT(double T);
+TVL_API double TVL_CALL tvlUSST(double T);
+TVL_API double TVL_CALL tvlUSWT(double T);
+TVL_API double TVL_CALL tvlSSST(double T);
+TVL_API double TVL_CALL tvlSSWT(double T);
+TVL_API double TVL_CALL tvlHSST(double T);
+TVL_API double TVL_CALL tvlHSWT(double T);
+TVL_API double TVL_CALL tvlCPSST(double T);
+TVL_API double TVL_CALL tvlCPSWT(double T);
+TVL_API double TVL_CALL tvlCVSST(double T);
+TVL_API double TVL_CALL tvlCVSWT(double T);
+TVL_API double TVL_CALL tvlCVDPSST(double T);
+TVL_API double TVL_CALL tvlCVDPSWT(double T);
+TVL_API double TVL_CALL tvlWSST(double T);
+TVL_API double TVL_CALL tvlWSWT(double T);
+TVL_API double TVL_CALL tvlJOULETHOMPSONSST(double T);
+TVL_API double TVL_CALL tvlJOULETHOMPSONSWT(double T);
+TVL_API double TVL_CALL tvlTHERMCONDSST(double T);
+TVL_API double TVL_CALL tvlTHERMCONDSWT(double T);
+TVL_API double TVL_CALL tvlDYNVISSST(double T);
+TVL_API double TVL_CALL tvlDYNVISSWT(double T);
+TVL_API double TVL_CALL tvlPRANDTLESST(double T);
+TVL_API double TVL_CALL tvlPRANDTLESWT(double T);
+TVL_API double TVL_CALL tvlKINVISSST(double T);
+TVL_API double TVL_CALL tvlKINVISSWT(double T);
+TVL_API double TVL_CALL tvlKSST(double T);
+TVL_API double TVL_CALL tvlKSWT(double T);
+
+/* ---- Wet states by (T,x), dryness fraction from (T, property), and by (p,T,x) ---- */
+TVL_API double TVL_CALL tvlVSTX(double T, double x);
+TVL_API double TVL_CALL tvlDSTX(double T, double x);
+TVL_API double TVL_CALL tvlUSTX(double T, double x);
+TVL_API double TVL_CALL tvlSSTX(double T, double x);
+TVL_API double TVL_CALL tvlHSTX(double T, double x);
+TVL_API double TVL_CALL tvlCPSTX(double T, double x);
+TVL_API double TVL_CALL tvlCVSTX(double T, double x);
+TVL_API double TVL_CALL tvlWSTX(double T, double x);
+TVL_API double TVL_CALL tvlJOULETHOMPSONSTX(double T, double x);
+TVL_API double TVL_CALL tvlTHERMCONDSTX(double T, double x);
+TVL_API double TVL_CALL tvlDYNVISSTX(double T, double x);
+TVL_API double TVL_CALL tvlPRANDTLESTX(double T, double x);
+TVL_API double TVL_CALL tvlKINVISSTX(double T, double x);
+TVL_API double TVL_CALL tvlKSTX(double T, double x);
+TVL_API double TVL_CALL tvlXSTV(double T, double v);
+TVL_API double TVL_CALL tvlXSTD(double T, double r);
+TVL_API double TVL_CALL tvlXSTU(double T, double u);
+TVL_API double TVL_CALL tvlXSTS(double T, double s);
+TVL_API double TVL_CALL tvlXSTH(double T, double h);
+TVL_API double TVL_CALL tvlXSTCP(double T, double cp);
+TVL_API double TVL_CALL tvlXSTCV(double T, double cv);
+TVL_API double TVL_CALL tvlXSTW(double T, double w);
+TVL_API double TVL_CALL tvlXSTJOULETHOMPSON(double T, double jt);
+TVL_API double TVL_CALL tvlXSTTHERMCOND(double T, double tc);
+TVL_API double TVL_CALL tvlXSTDYNVIS(double T, double eta);
+TVL_API double TVL_CALL tvlXSTKINVIS(double T, double nu);
+TVL_API double TVL_CALL tvlXSTPRANDTLE(double T, double pr);
+TVL_API double TVL_CALL tvlXSTK(double T, double k);
+TVL_API double TVL_CALL tvlVPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlDPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlUPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlSPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlHPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlCPPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlCVPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlWPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlJOULETHOMPSONPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlTHERMCONDPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlDYNVISPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlPRANDTLEPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlKINVISPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlKPTX(double p, double T, double x);
 
 /* ---- Viscosity and thermal conductivity ---- */
 TVL_API double TVL_CALL tvlDYNVISRT(double r, double T);

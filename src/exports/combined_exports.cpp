@@ -5,3 +5,11 @@
 TVL_API double TVL_CALL tvlVUSHCVWDERPTPT(double p, double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT) {
     return tvl::globalFacade().VUSHCVWDERPTPT(p, T, {v, u, s, h, cv, w, dvdp, dudp, dsdp, dhdp, dvdT, dudT, dsdT, dhdT});
 }
+
+TVL_API double TVL_CALL tvlVUSHCVWDERPTSWT(double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT) {
+    return tvl::globalFacade().VUSHCVWDERPTSWT(T, {v, u, s, h, cv, w, dvdp, dudp, dsdp, dhdp, dvdT, dudT, dsdT, dhdT});
+}
+
+TVL_API double TVL_CALL tvlVUSHCVWDERPTSST(double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT) {
+    return tvl::globalFacade().VUSHCVWDERPTSST(T, {v, u, s, h, cv, w, dvdp, dudp, dsdp, dhdp, dvdT, dudT, dsdT, dhdT});
+}

@@ -219,6 +219,89 @@ public:
     double RIPTL(double p, double T, double wavelength);
 
     // ---- Saturation and two-phase families (two_phase.cpp) ----
+    // Saturated water (SWT) and steam (SST) by T: regions 1 and 2 at the saturation pressure up
+    // to 623.15 K, region 3 at the density searched on the line above (saturation_family.cpp).
+    double VSWT(double T);
+    double VSST(double T);
+    double DSWT(double T);
+    double DSST(double T);
+    double USWT(double T);
+    double USST(double T);
+    double SSWT(double T);
+    double SSST(double T);
+    double HSWT(double T);
+    double HSST(double T);
+    double CPSWT(double T);
+    double CPSST(double T);
+    double CVSWT(double T);
+    double CVSST(double T);
+    double WSWT(double T);
+    double WSST(double T);
+    double JOULETHOMPSONSWT(double T);
+    double JOULETHOMPSONSST(double T);
+    double KSWT(double T);
+    double KSST(double T);
+    double THERMCONDSWT(double T);
+    double THERMCONDSST(double T);
+    double DYNVISSWT(double T);
+    double DYNVISSST(double T);
+    double PRANDTLESWT(double T);
+    double PRANDTLESST(double T);
+    double KINVISSWT(double T);
+    double KINVISSST(double T);
+    double RST(double T);  // latent heat
+    // cv on the two-phase side of the saturated states, which the wet mixture takes.
+    double CVDPSWT(double T);
+    double CVDPSST(double T);
+    StateProperties VUSHCVWDERPTSWT(double T);
+    StateProperties VUSHCVWDERPTSST(double T);
+    // The wet mixture by (T, x) (two_phase.cpp). CPSTX and the transport forms have no meaning
+    // there: with checkRangeMode on they throw kOutOfRange before evaluating anything.
+    double VSTX(double T, double x);
+    double DSTX(double T, double x);
+    double USTX(double T, double x);
+    double SSTX(double T, double x);
+    double HSTX(double T, double x);
+    double CPSTX(double T, double x);
+    double CVSTX(double T, double x);
+    double WSTX(double T, double x);
+    double JOULETHOMPSONSTX(double T, double x);
+    double THERMCONDSTX(double T, double x);
+    double DYNVISSTX(double T, double x);
+    double PRANDTLESTX(double T, double x);
+    double KINVISSTX(double T, double x);
+    double KSTX(double T, double x);
+    // The dryness fraction from T and one property of the mixture; the frame tests the range
+    // of the result.
+    double XSTV(double T, double v);
+    double XSTD(double T, double rho);
+    double XSTU(double T, double u);
+    double XSTS(double T, double s);
+    double XSTH(double T, double h);
+    double XSTCP(double T, double cp);
+    double XSTCV(double T, double cv);
+    double XSTW(double T, double w);
+    double XSTJOULETHOMPSON(double T, double jouleThomson);
+    double XSTTHERMCOND(double T, double conductivity);
+    double XSTDYNVIS(double T, double viscosity);
+    double XSTKINVIS(double T, double kinematicViscosity);
+    double XSTPRANDTLE(double T, double prandtl);
+    double XSTK(double T, double exponent);
+    // (p,T,x): the state area decides; x counts only on the saturation line (ptx_family.cpp).
+    double VPTX(double p, double T, double x);
+    double DPTX(double p, double T, double x);
+    double UPTX(double p, double T, double x);
+    double SPTX(double p, double T, double x);
+    double HPTX(double p, double T, double x);
+    double CPPTX(double p, double T, double x);
+    double CVPTX(double p, double T, double x);
+    double WPTX(double p, double T, double x);
+    double JOULETHOMPSONPTX(double p, double T, double x);
+    double THERMCONDPTX(double p, double T, double x);
+    double DYNVISPTX(double p, double T, double x);
+    double PRANDTLEPTX(double p, double T, double x);
+    double KINVISPTX(double p, double T, double x);
+    double KPTX(double p, double T, double x);
 
     // ---- Dispatch on (p,h) and (p,s) (ph_dispatch.cpp, ps_dispatch.cpp) ----
     // The area of a point, 1 to 5, by a tree of fixed numbers; a path that works out the
