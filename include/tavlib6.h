@@ -332,6 +332,21 @@ TVL_API double TVL_CALL tvlPRANDTLEEXPANSIONPTPEFF(double p, double T, double p2
 TVL_API double TVL_CALL tvlKEXPANSIONPTPEFF(double p, double T, double p2, double eff);
 TVL_API double TVL_CALL tvlJOULETHOMPSONEXPANSIONPTPEFF(double p, double T, double p2, double eff);
 TVL_API double TVL_CALL tvlXEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlTEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlUEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlHEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlSEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlCPEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlCVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlWEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlTHERMCONDEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlKINVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlDYNVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlPRANDTLEEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlKEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlJOULETHOMPSONEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlXEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
 
 /* ---- Surface tension, dielectric constant, ionization constant, refractive index ---- */
 TVL_API double TVL_CALL tvlSURFTENT(double T);

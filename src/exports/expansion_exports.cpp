@@ -61,3 +61,63 @@ TVL_API double TVL_CALL tvlJOULETHOMPSONEXPANSIONPTPEFF(double p, double T, doub
 TVL_API double TVL_CALL tvlXEXPANSIONPTPEFF(double p, double T, double p2, double eff) {
     return tvl::globalFacade().XEXPANSIONPTPEFF(p, T, p2, eff);
 }
+
+TVL_API double TVL_CALL tvlTEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().TEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().VEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlUEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().UEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlHEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().HEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlSEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().SEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlCPEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().CPEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlCVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().CVEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlWEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().WEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlTHERMCONDEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().THERMCONDEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlKINVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().KINVISEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlDYNVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().DYNVISEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlPRANDTLEEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().PRANDTLEEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlKEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().KEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlJOULETHOMPSONEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().JOULETHOMPSONEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}
+
+TVL_API double TVL_CALL tvlXEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return tvl::globalFacade().XEXPANSIONPTXPEFF(p, T, x, p2, eff);
+}

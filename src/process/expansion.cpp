@@ -79,4 +79,68 @@ double WaterModel::XEXPANSIONPTPEFF(double p, double T, double p2, double eff) {
     return XPH(p2, HEXPANSIONPTPEFF(p, T, p2, eff));
 }
 
+// ---- From a start state by (p, T, x): x counts only on the saturation line ----
+
+double WaterModel::HEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    const double h1 = HPTX(p, T, x);
+    const double s1 = SPTX(p, T, x);
+    return endEnthalpy(*this, h1, s1, p2, eff);
+}
+
+double WaterModel::TEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return TPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::VEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return VPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::UEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return UPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::SEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return SPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::CPEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return CPPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::CVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return CVPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::WEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return WPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::THERMCONDEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return THERMCONDPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::KINVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return KINVISPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::DYNVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return DYNVISPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::PRANDTLEEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return PRANDTLEPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::KEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return KPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::JOULETHOMPSONEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return JOULETHOMPSONPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
+double WaterModel::XEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff) {
+    return XPH(p2, HEXPANSIONPTXPEFF(p, T, x, p2, eff));
+}
+
 }  // namespace tvl

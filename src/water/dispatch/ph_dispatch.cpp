@@ -22,8 +22,8 @@ struct ByEnthalpy {
     static double temperature3a(WaterModel& w, double p, double h) { return w.T3APH(p, h); }
     static double temperature3b(WaterModel& w, double p, double h) { return w.T3BPH(p, h); }
     static void refine3(WaterModel& w, double p, double h, double& rho, double& T) { w.SolveRegion3PH(p, h, rho, T); }
-    static double saturatedWater(WaterModel&, double) { throw kUnknownArea; }
-    static double saturatedSteam(WaterModel&, double) { throw kUnknownArea; }
+    static double saturatedWater(WaterModel& w, double Ts) { return w.HSWT(Ts); }
+    static double saturatedSteam(WaterModel& w, double Ts) { return w.HSST(Ts); }
 };
 
 }  // namespace
@@ -87,23 +87,23 @@ double WaterModel::TPH(double p, double h) { return backward::temperature<ByEnth
 double WaterModel::VPH(double p, double h) { return backward::specificVolume<ByEnthalpy>(*this, p, h); }
 
 double WaterModel::UPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kInternalEnergy, nullptr, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kInternalEnergy, &WaterModel::USTX, p, h);
 }
 
 double WaterModel::SPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kEntropy, nullptr, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kEntropy, &WaterModel::SSTX, p, h);
 }
 
 double WaterModel::CPPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsobaricHeatCapacity, nullptr, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, p, h);
 }
 
 double WaterModel::CVPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsochoricHeatCapacity, nullptr, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, p, h);
 }
 
 double WaterModel::WPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kSpeedOfSound, nullptr, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kSpeedOfSound, &WaterModel::WSTX, p, h);
 }
 
 double WaterModel::JOULETHOMPSONPH(double p, double h) { return backward::jouleThomson<ByEnthalpy>(*this, p, h); }

@@ -114,10 +114,7 @@ template <class Input, class OnePhase>
 double evaluate(WaterModel& w, double p, double y, double (WaterModel::*wet)(double T, double x), OnePhase onePhase,
                 Region3Solver region3 = &region3State<Input>) {
     const State s = solveState<Input>(w, p, y, region3);
-    if (s.area == 4) {
-        if (wet == nullptr) throw kUnknownArea;
-        return (w.*wet)(s.T, dryness<Input>(w, y, s.T));
-    }
+    if (s.area == 4) return (w.*wet)(s.T, dryness<Input>(w, y, s.T));
     return onePhase(s);
 }
 
@@ -135,7 +132,7 @@ double regionProperty(WaterModel& w, const RegionEquations& e, double (WaterMode
 
 template <class Input>
 double specificVolume(WaterModel& w, double p, double y) {
-    return evaluate<Input>(w, p, y, nullptr, [&](const State& s) { return volume(w, p, s); });
+    return evaluate<Input>(w, p, y, &WaterModel::VSTX, [&](const State& s) { return volume(w, p, s); });
 }
 
 // Along the wet area an isenthalp crosses no isotherm at fixed p: the coefficient is the
@@ -149,21 +146,21 @@ double jouleThomson(WaterModel& w, double p, double y) {
 
 template <class Input>
 double conductivity(WaterModel& w, double p, double y) {
-    return evaluate<Input>(w, p, y, nullptr, [&](const State& s) {
+    return evaluate<Input>(w, p, y, &WaterModel::THERMCONDSTX, [&](const State& s) {
         return w.THERMCONDRT(density(volume(w, p, s), s), s.T);
     });
 }
 
 template <class Input>
 double viscosity(WaterModel& w, double p, double y) {
-    return evaluate<Input>(w, p, y, nullptr, [&](const State& s) {
+    return evaluate<Input>(w, p, y, &WaterModel::DYNVISSTX, [&](const State& s) {
         return w.DYNVISRT(density(volume(w, p, s), s), s.T);
     });
 }
 
 template <class Input>
 double kinematicViscosity(WaterModel& w, double p, double y) {
-    return evaluate<Input>(w, p, y, nullptr, [&](const State& s) {
+    return evaluate<Input>(w, p, y, &WaterModel::KINVISSTX, [&](const State& s) {
         const double v = volume(w, p, s);
         return w.DYNVISRT(density(v, s), s.T) * v;
     });
@@ -171,7 +168,7 @@ double kinematicViscosity(WaterModel& w, double p, double y) {
 
 template <class Input>
 double prandtl(WaterModel& w, double p, double y) {
-    return evaluate<Input>(w, p, y, nullptr, [&](const State& s) {
+    return evaluate<Input>(w, p, y, &WaterModel::PRANDTLESTX, [&](const State& s) {
         const double rho = density(volume(w, p, s), s);
         return onePhase(w, kIsobaricHeatCapacity, p, s) * w.DYNVISRT(rho, s.T) / w.THERMCONDRT(rho, s.T);
     });
@@ -180,7 +177,7 @@ double prandtl(WaterModel& w, double p, double y) {
 // The exponent of the isentrope p v^K = constant, taken locally: w^2 / (p v), not cp/cv.
 template <class Input>
 double isentropicExponent(WaterModel& w, double p, double y) {
-    return evaluate<Input>(w, p, y, nullptr, [&](const State& s) {
+    return evaluate<Input>(w, p, y, &WaterModel::KSTX, [&](const State& s) {
         const double speed = onePhase(w, kSpeedOfSound, p, s);
         return speed * speed / (volume(w, p, s) * p);
     });

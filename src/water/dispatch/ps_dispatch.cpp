@@ -21,8 +21,8 @@ struct ByEntropy {
     static double temperature3a(WaterModel& w, double p, double s) { return w.T3APS(p, s); }
     static double temperature3b(WaterModel& w, double p, double s) { return w.T3BPS(p, s); }
     static void refine3(WaterModel& w, double p, double s, double& rho, double& T) { w.SolveRegion3PS(p, s, rho, T); }
-    static double saturatedWater(WaterModel&, double) { throw kUnknownArea; }
-    static double saturatedSteam(WaterModel&, double) { throw kUnknownArea; }
+    static double saturatedWater(WaterModel& w, double Ts) { return w.SSWT(Ts); }
+    static double saturatedSteam(WaterModel& w, double Ts) { return w.SSST(Ts); }
 };
 
 // cp, cv and w by (p,s) take region 3 another way, which callers see in the last digits: T from
@@ -87,25 +87,25 @@ double WaterModel::TPS(double p, double s) { return backward::temperature<ByEntr
 double WaterModel::VPS(double p, double s) { return backward::specificVolume<ByEntropy>(*this, p, s); }
 
 double WaterModel::UPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kInternalEnergy, nullptr, p, s);
+    return backward::regionProperty<ByEntropy>(*this, backward::kInternalEnergy, &WaterModel::USTX, p, s);
 }
 
 double WaterModel::HPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kEnthalpy, nullptr, p, s);
+    return backward::regionProperty<ByEntropy>(*this, backward::kEnthalpy, &WaterModel::HSTX, p, s);
 }
 
 double WaterModel::CPPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kIsobaricHeatCapacity, nullptr, p, s,
+    return backward::regionProperty<ByEntropy>(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, p, s,
                                                &region3ByTemperature);
 }
 
 double WaterModel::CVPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kIsochoricHeatCapacity, nullptr, p, s,
+    return backward::regionProperty<ByEntropy>(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, p, s,
                                                &region3ByTemperature);
 }
 
 double WaterModel::WPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kSpeedOfSound, nullptr, p, s,
+    return backward::regionProperty<ByEntropy>(*this, backward::kSpeedOfSound, &WaterModel::WSTX, p, s,
                                                &region3ByTemperature);
 }
 

@@ -355,6 +355,22 @@ public:
     double KEXPANSIONPTPEFF(double p, double T, double p2, double eff);
     double JOULETHOMPSONEXPANSIONPTPEFF(double p, double T, double p2, double eff);
     double XEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    // The same from a start state by (p, T, x).
+    double HEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double TEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double VEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double UEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double SEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double CPEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double CVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double WEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double THERMCONDEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double KINVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double DYNVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double PRANDTLEEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double KEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double JOULETHOMPSONEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double XEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
 
     // ---- Dispatch on (h,s) (hs_dispatch.cpp) ----
 
