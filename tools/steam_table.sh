@@ -1,76 +1,87 @@
 #!/bin/sh
-# A small steam table printed through the tvl command: the saturation line, then compressed
-# liquid at a few pressures. Usage: tools/steam_table.sh [path of tvl]
+# A steam table printed through the tvl command: the saturation line by temperature, then
+# isobars from compressed liquid across the saturation line into superheated steam, with the
+# transport properties. Every cell is one call of tvl, so the table shows what a host gets from
+# the exports (the dispatching (p,T) family and the saturated SWT/SST family).
+# Usage: tools/steam_table.sh [path of tvl]
 TVL=${1:-build/tvl}
 
-echo "Saturation line"
-printf '%8s %14s %14s\n' "T [K]" "p [Pa]" "dp/dT [Pa/K]"
+# The value of one export, or "-" where the call fails (out of range, no such state).
+value() { "$TVL" "$@" 2>/dev/null || echo "-"; }
+
+# Prints a row with awk: the label columns as they stand, then each value scaled and formatted.
+# A failed cell ("-") stays a dash.
+# row FORMATS SCALES LABEL... -- VALUE...
+row() {
+    formats=$1 scales=$2
+    shift 2
+    labels=""
+    while [ "$1" != "--" ]; do labels="$labels $1"; shift; done
+    shift
+    awk -v formats="$formats" -v scales="$scales" -v labels="$labels" 'BEGIN {
+        split(formats, f, " "); split(scales, s, " "); split(labels, l, " ")
+        line = ""
+        for (k = 1; k in l; k++) line = line sprintf("%-12s", l[k])
+        for (k = 1; k < ARGC; k++) {
+            dash = f[k]
+            sub(/\.[0-9]*[a-z]$/, "s", dash)
+            line = line (ARGV[k] == "-" ? sprintf(dash, "-") : sprintf(f[k], ARGV[k] * s[k]))
+        }
+        print line
+    }' "$@"
+}
+
+echo "Saturation line by temperature"
+printf '%-12s%13s%13s%13s%13s%13s%13s%13s%13s\n' "T [K]" "p [MPa]" "v' [m3/kg]" "v'' [m3/kg]" \
+    "h' [kJ/kg]" "h'' [kJ/kg]" "r [kJ/kg]" "s' [kJ/kgK]" "s'' [kJ/kgK]"
 for T in 273.16 300 350 373.15 400 450 500 550 600 623.15 640 647; do
-    printf '%8s %14.6g %14.6g\n' "$T" "$("$TVL" PST "$T")" "$("$TVL" DPDTST "$T")"
+    row "%13.6f %13.6g %13.6g %13.3f %13.3f %13.3f %13.5f %13.5f" "1e-6 1 1 1e-3 1e-3 1e-3 1e-3 1e-3" "$T" -- \
+        "$(value PST "$T")" "$(value VSWT "$T")" "$(value VSST "$T")" "$(value HSWT "$T")" \
+        "$(value HSST "$T")" "$(value RST "$T")" "$(value SSWT "$T")" "$(value SSST "$T")"
 done
 
-echo
-echo "Compressed liquid (region 1)"
-printf '%10s %8s %14s %12s %10s %10s %10s\n' "p [MPa]" "T [K]" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" "cp [kJ/kgK]" "w [m/s]"
-for p in 1 10 50 100; do
-    for T in 300 400 500 600; do
-        P=$(awk "BEGIN { print $p * 1e6 }")
-        TS=$("$TVL" TSP "$P" 2>/dev/null || echo 0)
-        if awk "BEGIN { exit !($TS > 0 && $T >= $TS) }"; then continue; fi
-        printf '%10s %8s %14.8f %12.3f %10.4f %10.4f %10.2f\n' "$p" "$T" \
-            "$("$TVL" V1PT "$P" "$T")" \
-            "$(awk "BEGIN { print $("$TVL" H1PT "$P" "$T") / 1000 }")" \
-            "$(awk "BEGIN { print $("$TVL" S1PT "$P" "$T") / 1000 }")" \
-            "$(awk "BEGIN { print $("$TVL" CP1PT "$P" "$T") / 1000 }")" \
-            "$("$TVL" W1PT "$P" "$T")"
+# One isobar over the given temperatures: liquid rows below the saturation temperature, the
+# saturated liquid and steam at it, superheated rows above; with "steam" as the third argument
+# all rows lie above the line. Above the critical pressure there is no saturation line to cross.
+FORMATS="%12.7g %12.3f %12.5f %12.5f %12.2f %12.3f %12.3f"
+SCALES="1 1e-3 1e-3 1e-3 1 1e6 1e3"
+isobar() {
+    p=$1
+    temperatures=$2
+    P=$(awk "BEGIN { print $p * 1e6 }")
+    echo
+    if awk "BEGIN { exit !($P > 22064000) }"; then
+        echo "p = $p MPa: supercritical, no saturation line"
+        TS=0
+    else
+        TS=$(value TSP "$P")
+        echo "p = $p MPa: saturation temperature $(awk "BEGIN { printf \"%.3f\", $TS }") K"
+    fi
+    printf '%-12s%-12s%12s%12s%12s%12s%12s%12s%12s\n' "T [K]" "state" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" \
+        "cp [kJ/kgK]" "w [m/s]" "eta [uPa s]" "lam [mW/mK]"
+    below=${3:-liquid}
+    [ "$TS" = 0 ] && below=fluid
+    for T in $temperatures; do
+        if [ "$TS" != 0 ] && [ "$below" = liquid ] && awk "BEGIN { exit !($T > $TS) }"; then
+            label=$(awk "BEGIN { printf \"%.3f\", $TS }")
+            for phase in SWT SST; do
+                state="sat.water"
+                [ $phase = SST ] && state="sat.steam"
+                row "$FORMATS" "$SCALES" "$label" "$state" -- \
+                    "$(value V$phase "$TS")" "$(value H$phase "$TS")" "$(value S$phase "$TS")" \
+                    "$(value CP$phase "$TS")" "$(value W$phase "$TS")" "$(value DYNVIS$phase "$TS")" \
+                    "$(value THERMCOND$phase "$TS")"
+            done
+            below=steam
+        fi
+        row "$FORMATS" "$SCALES" "$T" "$below" -- \
+            "$(value VPT "$P" "$T")" "$(value HPT "$P" "$T")" "$(value SPT "$P" "$T")" \
+            "$(value CPPT "$P" "$T")" "$(value WPT "$P" "$T")" "$(value DYNVISPT "$P" "$T")" \
+            "$(value THERMCONDPT "$P" "$T")"
     done
-done
+}
 
-echo
-# J to kJ without awk's six-digit print
-kilo() { awk "BEGIN { printf \"%.10g\", $1 / 1000 }"; }
+for p in 0.01 0.1 1 10 20 25; do isobar "$p" "300 350 400 450 500 600 650 700 800 1000"; done
 
-echo "Superheated steam (region 2)"
-printf '%10s %8s %14s %12s %10s %10s %10s\n' "p [MPa]" "T [K]" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" "cp [kJ/kgK]" "w [m/s]"
-for p in 0.1 1 10; do
-    for T in 500 600 700 800 900 1000; do
-        P=$(awk "BEGIN { print $p * 1e6 }")
-        TS=$("$TVL" TSP "$P" 2>/dev/null || echo 0)
-        if awk "BEGIN { exit !($T <= $TS) }"; then continue; fi
-        printf '%10s %8s %14.8f %12.3f %10.4f %10.4f %10.2f\n' "$p" "$T" \
-            "$("$TVL" V2PT "$P" "$T")" \
-            "$(kilo "$("$TVL" H2PT "$P" "$T")")" \
-            "$(kilo "$("$TVL" S2PT "$P" "$T")")" \
-            "$(kilo "$("$TVL" CP2PT "$P" "$T")")" \
-            "$("$TVL" W2PT "$P" "$T")"
-    done
-done
-
-echo
-echo "High-temperature steam (region 5)"
-printf '%10s %8s %14s %12s %10s %10s %10s\n' "p [MPa]" "T [K]" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" "cp [kJ/kgK]" "w [m/s]"
-for p in 0.5 30; do
-    for T in 1500 2000; do
-        P=$(awk "BEGIN { print $p * 1e6 }")
-        printf '%10s %8s %14.8f %12.3f %10.4f %10.4f %10.2f\n' "$p" "$T" \
-            "$("$TVL" V5PT "$P" "$T")" \
-            "$(kilo "$("$TVL" H5PT "$P" "$T")")" \
-            "$(kilo "$("$TVL" S5PT "$P" "$T")")" \
-            "$(kilo "$("$TVL" CP5PT "$P" "$T")")" \
-            "$("$TVL" W5PT "$P" "$T")"
-    done
-done
-
-echo
-echo "Near-critical fluid (region 3)"
-printf '%10s %8s %14s %12s %10s %10s %10s\n' "p [MPa]" "T [K]" "v [m3/kg]" "h [kJ/kg]" "s [kJ/kgK]" "cp [kJ/kgK]" "w [m/s]"
-for state in "25 650" "25 700" "50 700" "100 750"; do
-    set -- $state
-    P=$(awk "BEGIN { print $1 * 1e6 }")
-    printf '%10s %8s %14.8f %12.3f %10.4f %10.4f %10.2f\n' "$1" "$2" \
-        "$("$TVL" V3PT "$P" "$2")" \
-        "$(awk "BEGIN { print $("$TVL" H3PT "$P" "$2") / 1000 }")" \
-        "$(awk "BEGIN { print $("$TVL" S3PT "$P" "$2") / 1000 }")" \
-        "$(awk "BEGIN { print $("$TVL" CP3PT "$P" "$2") / 1000 }")" \
-        "$("$TVL" W3PT "$P" "$2")"
-done
+# High-temperature steam: region 5 from 1073.15 K; the transport equations end below it ("-").
+for p in 0.1 10; do isobar "$p" "1100 1500 2000" steam; done
