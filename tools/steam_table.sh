@@ -85,3 +85,17 @@ for p in 0.01 0.1 1 10 20 25; do isobar "$p" "300 350 400 450 500 600 650 700 80
 
 # High-temperature steam: region 5 from 1073.15 K; the transport equations end below it ("-").
 for p in 0.1 10; do isobar "$p" "1100 1500 2000" steam; done
+
+# A turbine stage by the expansion exports: from 10 MPa and 800 K to 10 kPa with an internal
+# efficiency of 0.85, beside the isentropic end point (efficiency 1) and the inlet.
+echo
+echo "Turbine stage: inlet 10 MPa, 800 K; outlet 10 kPa; efficiency 0.85"
+printf '%-12s%14s%12s%12s%14s\n' "state" "h [kJ/kg]" "T [K]" "x" "s [kJ/kgK]"
+row "%14.3f %12.3f %12s %14.5f" "1e-3 1 1 1e-3" inlet -- \
+    "$(value HPT 1e7 800)" 800 - "$(value SPT 1e7 800)"
+for stage in "isentropic 1" "outlet 0.85"; do
+    set -- $stage
+    row "%14.3f %12.3f %12.5f %14.5f" "1e-3 1 1 1e-3" "$1" -- \
+        "$(value HEXPANSIONPTPEFF 1e7 800 1e4 "$2")" "$(value TEXPANSIONPTPEFF 1e7 800 1e4 "$2")" \
+        "$(value XEXPANSIONPTPEFF 1e7 800 1e4 "$2")" "$(value SEXPANSIONPTPEFF 1e7 800 1e4 "$2")"
+done
