@@ -41,13 +41,16 @@ State region3State(WaterModel& w, double p, double y) {
 
 using Region3Solver = State (*)(WaterModel&, double, double);
 
+// Every path of the selections that answers 4 has worked out and published Ts = TSP(p).
+inline double saturationTemperatureOfTheSelection(const WaterModel& w) { return w.solved.solvedTemperature; }
+
 template <class Input>
 State solveState(WaterModel& w, double p, double y, Region3Solver region3 = &region3State<Input>) {
     switch (Input::area(w, p, y)) {
     case 1: return {1, Input::region1(w, p, y)};
     case 2: return {2, Input::region2(w, p, y)};
     case 3: return region3(w, p, y);
-    case 4: return {4, w.TSP(p)};
+    case 4: return {4, saturationTemperatureOfTheSelection(w)};
     case 5: return {5, Input::region5(w, p, y)};
     default: throw kUnknownArea;
     }
@@ -188,7 +191,7 @@ double isentropicExponent(WaterModel& w, double p, double y) {
 template <class Input>
 double drynessFraction(WaterModel& w, double p, double y) {
     if (Input::area(w, p, y) != 4) throw kOutOfRange;
-    return dryness<Input>(w, y, w.TSP(p));
+    return dryness<Input>(w, y, saturationTemperatureOfTheSelection(w));
 }
 
 }  // namespace tvl::backward
