@@ -14,8 +14,8 @@ void requirePressureEnthalpy(double p, double h) {
     requireWithin(h, kLowestEnthalpyPH, kHighestEnthalpy);
 }
 
-double propertyPH(PropertyFacade& lib, double (WaterModel::*model)(double, double), SolvedRange range,
-                                double p, double h) {
+double propertyPH(PropertyFacade& lib, double (WaterModel::*model)(double, double), SolvedRange range, double p,
+                  double h) {
     return searchedProperty(lib, requirePressureEnthalpy, model, range, p, h);
 }
 

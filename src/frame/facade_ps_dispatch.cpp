@@ -8,8 +8,8 @@ namespace tvl {
 
 namespace {
 
-double propertyPS(PropertyFacade& lib, double (WaterModel::*model)(double, double), SolvedRange range,
-                               double p, double s) {
+double propertyPS(PropertyFacade& lib, double (WaterModel::*model)(double, double), SolvedRange range, double p,
+                  double s) {
     return searchedProperty(
         lib, [&lib](double pressure, double entropy) { lib.ValidatePS(pressure, entropy); }, model, range, p, s);
 }
