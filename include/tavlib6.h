@@ -282,6 +282,72 @@ TVL_API double TVL_CALL tvlDYNVISPT(double p, double T);
 TVL_API double TVL_CALL tvlPRANDTLEPT(double p, double T);
 TVL_API double TVL_CALL tvlKINVISPT(double p, double T);
 
+/* ---- Properties by (p,h) ---- */
+TVL_API double TVL_CALL tvlTPH(double p, double h);
+TVL_API double TVL_CALL tvlVPH(double p, double h);
+TVL_API double TVL_CALL tvlUPH(double p, double h);
+TVL_API double TVL_CALL tvlSPH(double p, double h);
+TVL_API double TVL_CALL tvlCPPH(double p, double h);
+TVL_API double TVL_CALL tvlCVPH(double p, double h);
+TVL_API double TVL_CALL tvlWPH(double p, double h);
+TVL_API double TVL_CALL tvlJOULETHOMPSONPH(double p, double h);
+TVL_API double TVL_CALL tvlTHERMCONDPH(double p, double h);
+TVL_API double TVL_CALL tvlDYNVISPH(double p, double h);
+TVL_API double TVL_CALL tvlKINVISPH(double p, double h);
+TVL_API double TVL_CALL tvlPRANDTLEPH(double p, double h);
+TVL_API double TVL_CALL tvlKPH(double p, double h);
+TVL_API double TVL_CALL tvlXPH(double p, double h);
+TVL_API int32_t TVL_CALL tvlWATERSTATEAREAPH(double p, double h);
+
+/* ---- Properties by (p,s) ---- */
+TVL_API double TVL_CALL tvlTPS(double p, double s);
+TVL_API double TVL_CALL tvlVPS(double p, double s);
+TVL_API double TVL_CALL tvlUPS(double p, double s);
+TVL_API double TVL_CALL tvlHPS(double p, double s);
+TVL_API double TVL_CALL tvlCPPS(double p, double s);
+TVL_API double TVL_CALL tvlCVPS(double p, double s);
+TVL_API double TVL_CALL tvlWPS(double p, double s);
+TVL_API double TVL_CALL tvlJOULETHOMPSONPS(double p, double s);
+TVL_API double TVL_CALL tvlTHERMCONDPS(double p, double s);
+TVL_API double TVL_CALL tvlDYNVISPS(double p, double s);
+TVL_API double TVL_CALL tvlKINVISPS(double p, double s);
+TVL_API double TVL_CALL tvlPRANDTLEPS(double p, double s);
+TVL_API double TVL_CALL tvlKPS(double p, double s);
+TVL_API double TVL_CALL tvlXPS(double p, double s);
+TVL_API int32_t TVL_CALL tvlWATERSTATEAREAPS(double p, double s);
+
+/* ---- End state of an adiabatic expansion ---- */
+TVL_API double TVL_CALL tvlTEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlVEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlUEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlHEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlSEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlCPEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlCVEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlWEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlTHERMCONDEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlKINVISEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlDYNVISEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlPRANDTLEEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlKEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlJOULETHOMPSONEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlXEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+TVL_API double TVL_CALL tvlTEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlUEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlHEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlSEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlCPEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlCVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlWEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlTHERMCONDEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlKINVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlDYNVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlPRANDTLEEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlKEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlJOULETHOMPSONEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+TVL_API double TVL_CALL tvlXEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+
 /* ---- Surface tension, dielectric constant, ionization constant, refractive index ---- */
 TVL_API double TVL_CALL tvlSURFTENT(double T);
 TVL_API double TVL_CALL tvlDCRT(double r, double T);

@@ -87,6 +87,22 @@ for p in 0.01 0.1 1 10 20 25; do isobar "$p" "300 350 400 450 500 600 650 700 80
 for p in 0.1 10; do isobar "$p" "1100 1500 2000" steam; done
 
 echo
+# A turbine stage by the expansion exports: from 10 MPa and 800 K to 10 kPa with an internal
+# efficiency of 0.85, beside the isentropic end point (efficiency 1) and the inlet.
+echo
+echo "Turbine stage: inlet 10 MPa, 800 K; outlet 10 kPa; efficiency 0.85"
+printf '%-12s%14s%12s%12s%14s\n' "state" "h [kJ/kg]" "T [K]" "x" "s [kJ/kgK]"
+row "%14.3f %12.3f %12s %14.5f" "1e-3 1 1 1e-3" inlet -- \
+    "$(value HPT 1e7 800)" 800 - "$(value SPT 1e7 800)"
+for stage in "isentropic 1" "outlet 0.85"; do
+    set -- $stage
+    row "%14.3f %12.3f %12.5f %14.5f" "1e-3 1 1 1e-3" "$1" -- \
+        "$(value HEXPANSIONPTPEFF 1e7 800 1e4 "$2")" "$(value TEXPANSIONPTPEFF 1e7 800 1e4 "$2")" \
+        "$(value XEXPANSIONPTPEFF 1e7 800 1e4 "$2")" "$(value SEXPANSIONPTPEFF 1e7 800 1e4 "$2")"
+done
+
+
+echo
 echo "Ideal gases: the row \"Air\", the mixture \"AirMix\" and a flue gas by composition text"
 FLUE="N2:75;CO2:12;H2O:10;O2:3"
 printf '%-26s %8s %12s %12s %12s\n' "gas" "T [K]" "cp [J/kgK]" "h [kJ/kg]" "s [J/kgK]"

@@ -27,9 +27,10 @@ public:
 
 #include "frame/facade_methods.inc"
 
-    // Range validation of the (p,T) families (validators.cpp); each throws kOutOfRange.
+    // Range validation of the (p,T) and (p,s) families (validators.cpp); each throws kOutOfRange.
     void ValidatePT(double p, double T);
     void ValidatePTResult(double p, double T);
+    void ValidatePS(double p, double s);
 
     std::int32_t lastError = kNoError;
     ModelSettings settings;

@@ -1,4 +1,5 @@
-// The (p,T) range of the formulation, on arguments and on the state point a search reached.
+// The (p,T) range of the formulation, on arguments and on the state point a search reached, and
+// the (p,s) range of arguments.
 #include "frame/validators.h"
 
 #include "frame/property_facade.h"
@@ -26,6 +27,18 @@ void PropertyFacade::ValidatePT(double p, double T) { validatePressureTemperatur
 
 void PropertyFacade::ValidatePTResult(double p, double T) {
     validatePressureTemperature(water, kSolvedStateLimits, p, T);
+}
+
+// The entropies of the isobar from the ice point to the top of the formulation: region 2 at
+// 1073.15 K above 50 MPa, region 5 at 2273.15 K below. The pressure split is the plain value.
+void PropertyFacade::ValidatePS(double p, double s) {
+    if (p < 0.0 || p > kArgumentLimits.highestPressure) throw kOutOfRange;
+    const double m = settings.margin();
+    const double widened = s > 0.0 ? s * m : s / m;
+    if (water.S1PT(p, kLowestTemperature) > widened) throw kOutOfRange;
+    const double highest = p > kRegion5HighestPressure ? water.S2PT(p, kRegion25Temperature)
+                                                       : water.S5PT(p, kHighestTemperature);
+    if (s > highest * m) throw kOutOfRange;
 }
 
 }  // namespace tvl

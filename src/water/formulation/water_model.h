@@ -304,6 +304,73 @@ public:
     double KPTX(double p, double T, double x);
 
     // ---- Dispatch on (p,h) and (p,s) (ph_dispatch.cpp, ps_dispatch.cpp) ----
+    // The area of a point, 1 to 5, by a tree of fixed numbers; a path that works out the
+    // saturation temperature publishes it.
+    int REGIONPH(double p, double h);
+    int REGIONPS(double p, double s);
+    int WATERSTATEAREAPH(double p, double h);
+    int WATERSTATEAREAPS(double p, double s);
+    double TPH(double p, double h);
+    double VPH(double p, double h);
+    double UPH(double p, double h);
+    double SPH(double p, double h);
+    double CPPH(double p, double h);
+    double CVPH(double p, double h);
+    double WPH(double p, double h);
+    double JOULETHOMPSONPH(double p, double h);
+    double THERMCONDPH(double p, double h);
+    double DYNVISPH(double p, double h);
+    double KINVISPH(double p, double h);
+    double PRANDTLEPH(double p, double h);
+    double KPH(double p, double h);
+    double XPH(double p, double h);  // kOutOfRange outside the wet area, whatever the checks
+    double TPS(double p, double s);
+    double VPS(double p, double s);
+    double UPS(double p, double s);
+    double HPS(double p, double s);
+    double CPPS(double p, double s);
+    double CVPS(double p, double s);
+    double WPS(double p, double s);
+    double JOULETHOMPSONPS(double p, double s);
+    double THERMCONDPS(double p, double s);
+    double DYNVISPS(double p, double s);
+    double KINVISPS(double p, double s);
+    double PRANDTLEPS(double p, double s);
+    double KPS(double p, double s);
+    double XPS(double p, double s);
+    // The end state of an adiabatic expansion from (p, T) to p2 with an efficiency
+    // (process/expansion.cpp): the enthalpy h2 reached, then the (p,h) dispatch at (p2, h2).
+    double HEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double TEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double VEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double UEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double SEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double CPEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double CVEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double WEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double THERMCONDEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double KINVISEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double DYNVISEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double PRANDTLEEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double KEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double JOULETHOMPSONEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    double XEXPANSIONPTPEFF(double p, double T, double p2, double eff);
+    // The same from a start state by (p, T, x).
+    double HEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double TEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double VEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double UEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double SEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double CPEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double CVEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double WEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double THERMCONDEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double KINVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double DYNVISEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double PRANDTLEEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double KEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double JOULETHOMPSONEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
+    double XEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
 
     // ---- Dispatch on (h,s) (hs_dispatch.cpp) ----
 

@@ -1,0 +1,123 @@
+// Dispatch on (p,h): the area of a point by a tree of fixed numbers, then a property at the
+// temperature that the region's backward function finds. The numbers order the regions by
+// their known extent in enthalpy, band by band in pressure; an equation is called only close
+// to a boundary, and the saturation line only where the wet area is possible.
+#include "water/dispatch/ph_ps_evaluation.h"
+#include "water/formulation/constants.h"
+
+namespace tvl {
+
+namespace {
+
+// The enthalpy side of a (p,h) evaluation.
+struct ByEnthalpy {
+    static int area(WaterModel& w, double p, double h) { return w.REGIONPH(p, h); }
+    static double region1(WaterModel& w, double p, double h) { return w.T1PH(p, h); }
+    static double region2(WaterModel& w, double p, double h) { return w.T2PH(p, h); }
+    static double region5(WaterModel& w, double p, double h) { return w.T5PH(p, h); }
+    // On the boundary itself the point is 3a.
+    static bool subregion3a(WaterModel& w, double p, double h) { return h <= w.H3AB(p); }
+    static double volume3a(WaterModel& w, double p, double h) { return w.V3APH(p, h); }
+    static double volume3b(WaterModel& w, double p, double h) { return w.V3BPH(p, h); }
+    static double temperature3a(WaterModel& w, double p, double h) { return w.T3APH(p, h); }
+    static double temperature3b(WaterModel& w, double p, double h) { return w.T3BPH(p, h); }
+    static void refine3(WaterModel& w, double p, double h, double& rho, double& T) { w.SolveRegion3PH(p, h, rho, T); }
+    static double saturatedWater(WaterModel& w, double Ts) { return w.HSWT(Ts); }
+    static double saturatedSteam(WaterModel& w, double Ts) { return w.HSST(Ts); }
+};
+
+}  // namespace
+
+// The sub-tests compare with the margin m on the region's equation at a boundary temperature;
+// "at least" where the region 1 test leans the other way.
+int WaterModel::REGIONPH(double p, double h) {
+    const double m = settings.margin();
+    auto region1Or3 = [&] { return H1PT(p, kRegion13Temperature) * m > h ? 1 : 3; };
+    auto region3OrAtLeast1 = [&] { return H1PT(p, kRegion13Temperature) * m < h ? 3 : 1; };
+    auto region2Or5 = [&] { return H2PT(p, kRegion25Temperature) * m >= h ? 2 : 5; };
+    auto region3Or2 = [&] { return H2PT(p, T23P(p)) > m * h ? 3 : 2; };
+
+    // Above the pressure limit of region 5 the wet area is far away too.
+    if (p > kRegion5HighestPressure) {
+        if (h > 2813000.0) return 2;
+        if (h < 1553900.0) return 1;
+        if (h > 1576000.0) return h < 2626880.0 ? 3 : region3Or2();
+        return region1Or3();
+    }
+    if (p > kCriticalPressure) {
+        if (h < 1575980.0) return 1;
+        if (h > 4057944.11) return 5;
+        if (h < 1635608.804) return region3OrAtLeast1();
+        if (h < 2605000.0) return 3;
+        if (h < 2626890.0) return region3Or2();
+        if (h < 3925960.4) return 2;
+        return region2Or5();
+    }
+    if (p >= kP623) {
+        if (h < 1635608.8) return 1;
+        if (h > 4084125.034) return 5;
+        if (h < 1670858.2182744227) return region3OrAtLeast1();
+        if (h > 4057900.0) return region2Or5();
+        if (h > 2626375.4454356735) return 2;
+        if (h > 2563592.0038884096) return region3Or2();
+        // Between the saturated states of region 3: the side of the critical enthalpy decides
+        // which saturated density the search starts from.
+        const double Ts = TSP(p);
+        solved.PublishTemperature(Ts);
+        if (h > 2087248.060963254) return H3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > h ? 4 : 3;
+        return H3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < h ? 4 : 3;
+    }
+    if (p < kLowestSaturationPressure) return region2Or5();
+    if (h > 2803300.0) {
+        if (h < 4084125.0) return 2;
+        if (h > 4160660.93) return 5;
+        return region2Or5();
+    }
+    const double Ts = TSP(p);
+    solved.PublishTemperature(Ts);
+    if (h < 1670858.22) return H1PT(p, Ts) >= h ? 1 : 4;
+    if (h < 2500892.617817171) return 4;
+    return H2PT(p, Ts) > h ? 4 : 2;
+}
+
+int WaterModel::WATERSTATEAREAPH(double p, double h) { return REGIONPH(p, h); }
+
+double WaterModel::TPH(double p, double h) { return backward::temperature<ByEnthalpy>(*this, p, h); }
+
+double WaterModel::VPH(double p, double h) { return backward::specificVolume<ByEnthalpy>(*this, p, h); }
+
+double WaterModel::UPH(double p, double h) {
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kInternalEnergy, &WaterModel::USTX, p, h);
+}
+
+double WaterModel::SPH(double p, double h) {
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kEntropy, &WaterModel::SSTX, p, h);
+}
+
+double WaterModel::CPPH(double p, double h) {
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, p, h);
+}
+
+double WaterModel::CVPH(double p, double h) {
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, p, h);
+}
+
+double WaterModel::WPH(double p, double h) {
+    return backward::regionProperty<ByEnthalpy>(*this, backward::kSpeedOfSound, &WaterModel::WSTX, p, h);
+}
+
+double WaterModel::JOULETHOMPSONPH(double p, double h) { return backward::jouleThomson<ByEnthalpy>(*this, p, h); }
+
+double WaterModel::THERMCONDPH(double p, double h) { return backward::conductivity<ByEnthalpy>(*this, p, h); }
+
+double WaterModel::DYNVISPH(double p, double h) { return backward::viscosity<ByEnthalpy>(*this, p, h); }
+
+double WaterModel::KINVISPH(double p, double h) { return backward::kinematicViscosity<ByEnthalpy>(*this, p, h); }
+
+double WaterModel::PRANDTLEPH(double p, double h) { return backward::prandtl<ByEnthalpy>(*this, p, h); }
+
+double WaterModel::KPH(double p, double h) { return backward::isentropicExponent<ByEnthalpy>(*this, p, h); }
+
+double WaterModel::XPH(double p, double h) { return backward::drynessFraction<ByEnthalpy>(*this, p, h); }
+
+}  // namespace tvl

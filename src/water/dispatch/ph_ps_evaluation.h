@@ -1,0 +1,199 @@
+// The evaluation that the (p,h) and (p,s) families share. The selection gives the area, the
+// region's backward function the temperature (in region 3 with the density), and a property is
+// then the region's equation at that state, or in the wet area the (T, x) rule of the mixture at
+// the saturation temperature. The two families differ only in what their Input policy names:
+// the selection, the backward functions, the 3a/3b test and the saturated values that give x.
+#ifndef TAVLIB6_PH_PS_EVALUATION_H
+#define TAVLIB6_PH_PS_EVALUATION_H
+
+#include "frame/error_codes.h"
+#include "water/formulation/water_model.h"
+
+namespace tvl::backward {
+
+// The state that a (p,h) or (p,s) pair names. In region 3 it carries the density and the volume
+// as the backward equation or the refinement left them; in the wet area (4) T is the saturation
+// temperature.
+struct State {
+    int area;
+    double T;
+    double rho = 0.0;
+    double v = 0.0;
+};
+
+// Region 3 from the backward equations of the subregion, refined on the basic equation while
+// toleranceMode is on. T is published before and after the refinement, so that a failed search
+// leaves the start behind.
+template <class Input>
+State region3State(WaterModel& w, double p, double y) {
+    const bool a = Input::subregion3a(w, p, y);
+    double v = a ? Input::volume3a(w, p, y) : Input::volume3b(w, p, y);
+    double rho = 1.0 / v;
+    double T = a ? Input::temperature3a(w, p, y) : Input::temperature3b(w, p, y);
+    w.solved.PublishTemperature(T);
+    if (w.settings.refining()) {
+        Input::refine3(w, p, y, rho, T);
+        v = 1.0 / rho;
+    }
+    w.solved.PublishTemperature(T);
+    return {3, T, rho, v};
+}
+
+using Region3Solver = State (*)(WaterModel&, double, double);
+
+// Every path of the selections that answers 4 has worked out and published Ts = TSP(p).
+inline double saturationTemperatureOfTheSelection(const WaterModel& w) { return w.solved.solvedTemperature; }
+
+template <class Input>
+State solveState(WaterModel& w, double p, double y, Region3Solver region3 = &region3State<Input>) {
+    switch (Input::area(w, p, y)) {
+    case 1: return {1, Input::region1(w, p, y)};
+    case 2: return {2, Input::region2(w, p, y)};
+    case 3: return region3(w, p, y);
+    case 4: return {4, saturationTemperatureOfTheSelection(w)};
+    case 5: return {5, Input::region5(w, p, y)};
+    default: throw kUnknownArea;
+    }
+}
+
+// The dryness fraction of a wet state, from the saturated values at Ts.
+template <class Input>
+double dryness(WaterModel& w, double y, double Ts) {
+    const double water = Input::saturatedWater(w, Ts);
+    return (y - water) / (Input::saturatedSteam(w, Ts) - water);
+}
+
+// ---- One phase ----
+
+// A property with an equation in each region: of (p, T) in 1, 2 and 5, of (density, T) in 3.
+struct RegionEquations {
+    double (WaterModel::*region1)(double p, double T);
+    double (WaterModel::*region2)(double p, double T);
+    double (WaterModel::*region3)(double rho, double T);
+    double (WaterModel::*region5)(double p, double T);
+};
+
+inline constexpr RegionEquations kInternalEnergy = {&WaterModel::U1PT, &WaterModel::U2PT, &WaterModel::U3RT,
+                                                    &WaterModel::U5PT};
+inline constexpr RegionEquations kEntropy = {&WaterModel::S1PT, &WaterModel::S2PT, &WaterModel::S3RT,
+                                             &WaterModel::S5PT};
+inline constexpr RegionEquations kEnthalpy = {&WaterModel::H1PT, &WaterModel::H2PT, &WaterModel::H3RT,
+                                              &WaterModel::H5PT};
+inline constexpr RegionEquations kIsobaricHeatCapacity = {&WaterModel::CP1PT, &WaterModel::CP2PT,
+                                                          &WaterModel::CP3RT, &WaterModel::CP5PT};
+inline constexpr RegionEquations kIsochoricHeatCapacity = {&WaterModel::CV1PT, &WaterModel::CV2PT,
+                                                           &WaterModel::CV3RT, &WaterModel::CV5PT};
+inline constexpr RegionEquations kSpeedOfSound = {&WaterModel::W1PT, &WaterModel::W2PT, &WaterModel::W3RT,
+                                                  &WaterModel::W5PT};
+inline constexpr RegionEquations kJouleThomson = {&WaterModel::JOULETHOMPSON1PT, &WaterModel::JOULETHOMPSON2PT,
+                                                  &WaterModel::JOULETHOMPSON3RT, &WaterModel::JOULETHOMPSON5PT};
+
+inline double onePhase(WaterModel& w, const RegionEquations& e, double p, const State& s) {
+    switch (s.area) {
+    case 1: return (w.*e.region1)(p, s.T);
+    case 2: return (w.*e.region2)(p, s.T);
+    case 3: return (w.*e.region3)(s.rho, s.T);
+    default: return (w.*e.region5)(p, s.T);
+    }
+}
+
+inline double volume(WaterModel& w, double p, const State& s) {
+    switch (s.area) {
+    case 1: return w.V1PT(p, s.T);
+    case 2: return w.V2PT(p, s.T);
+    case 3: return s.v;
+    default: return w.V5PT(p, s.T);
+    }
+}
+
+// Region 3 keeps its density as found; elsewhere it is the reciprocal of the region's volume.
+inline double density(double v, const State& s) { return s.area == 3 ? s.rho : 1.0 / v; }
+
+// ---- The families' properties ----
+
+// In the wet area, the rule of the mixture at (Ts, x); it refuses, with checks on, what has no
+// meaning there. Elsewhere, onePhase(state).
+template <class Input, class OnePhase>
+double evaluate(WaterModel& w, double p, double y, double (WaterModel::*wet)(double T, double x), OnePhase onePhase,
+                Region3Solver region3 = &region3State<Input>) {
+    const State s = solveState<Input>(w, p, y, region3);
+    if (s.area == 4) return (w.*wet)(s.T, dryness<Input>(w, y, s.T));
+    return onePhase(s);
+}
+
+template <class Input>
+double temperature(WaterModel& w, double p, double y) {
+    return solveState<Input>(w, p, y).T;
+}
+
+// A property that has an equation in each region, and its rule in the wet area.
+template <class Input>
+double regionProperty(WaterModel& w, const RegionEquations& e, double (WaterModel::*wet)(double T, double x), double p,
+                      double y, Region3Solver region3 = &region3State<Input>) {
+    return evaluate<Input>(w, p, y, wet, [&](const State& s) { return onePhase(w, e, p, s); }, region3);
+}
+
+template <class Input>
+double specificVolume(WaterModel& w, double p, double y) {
+    return evaluate<Input>(w, p, y, &WaterModel::VSTX, [&](const State& s) { return volume(w, p, s); });
+}
+
+// Along the wet area an isenthalp crosses no isotherm at fixed p: the coefficient is the
+// inverse slope of the saturation line, whatever x is.
+template <class Input>
+double jouleThomson(WaterModel& w, double p, double y) {
+    const State s = solveState<Input>(w, p, y);
+    if (s.area == 4) return 1.0 / w.DPDTST(s.T);
+    return onePhase(w, kJouleThomson, p, s);
+}
+
+template <class Input>
+double conductivity(WaterModel& w, double p, double y) {
+    return evaluate<Input>(w, p, y, &WaterModel::THERMCONDSTX, [&](const State& s) {
+        return w.THERMCONDRT(density(volume(w, p, s), s), s.T);
+    });
+}
+
+template <class Input>
+double viscosity(WaterModel& w, double p, double y) {
+    return evaluate<Input>(w, p, y, &WaterModel::DYNVISSTX, [&](const State& s) {
+        return w.DYNVISRT(density(volume(w, p, s), s), s.T);
+    });
+}
+
+template <class Input>
+double kinematicViscosity(WaterModel& w, double p, double y) {
+    return evaluate<Input>(w, p, y, &WaterModel::KINVISSTX, [&](const State& s) {
+        const double v = volume(w, p, s);
+        return w.DYNVISRT(density(v, s), s.T) * v;
+    });
+}
+
+template <class Input>
+double prandtl(WaterModel& w, double p, double y) {
+    return evaluate<Input>(w, p, y, &WaterModel::PRANDTLESTX, [&](const State& s) {
+        const double rho = density(volume(w, p, s), s);
+        return onePhase(w, kIsobaricHeatCapacity, p, s) * w.DYNVISRT(rho, s.T) / w.THERMCONDRT(rho, s.T);
+    });
+}
+
+// The exponent of the isentrope p v^K = constant, taken locally: w^2 / (p v), not cp/cv.
+template <class Input>
+double isentropicExponent(WaterModel& w, double p, double y) {
+    return evaluate<Input>(w, p, y, &WaterModel::KSTX, [&](const State& s) {
+        const double speed = onePhase(w, kSpeedOfSound, p, s);
+        return speed * speed / (volume(w, p, s) * p);
+    });
+}
+
+// Only a wet state has a dryness fraction: anything else is out of range, with or without
+// checks.
+template <class Input>
+double drynessFraction(WaterModel& w, double p, double y) {
+    if (Input::area(w, p, y) != 4) throw kOutOfRange;
+    return dryness<Input>(w, y, saturationTemperatureOfTheSelection(w));
+}
+
+}  // namespace tvl::backward
+
+#endif

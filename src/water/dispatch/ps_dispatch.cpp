@@ -1,0 +1,126 @@
+// Dispatch on (p,s): the area of a point by a tree of fixed numbers, the same shape as that of
+// (p,h) with entropies, then a property at the temperature that the region's backward function
+// finds.
+#include "water/dispatch/ph_ps_evaluation.h"
+#include "water/formulation/constants.h"
+
+namespace tvl {
+
+namespace {
+
+// The entropy side of a (p,s) evaluation.
+struct ByEntropy {
+    static int area(WaterModel& w, double p, double s) { return w.REGIONPS(p, s); }
+    static double region1(WaterModel& w, double p, double s) { return w.T1PS(p, s); }
+    static double region2(WaterModel& w, double p, double s) { return w.T2PS(p, s); }
+    static double region5(WaterModel& w, double p, double s) { return w.T5PS(p, s); }
+    // On the boundary, the critical entropy, the point is 3a.
+    static bool subregion3a(WaterModel&, double, double s) { return s <= kCriticalEntropy; }
+    static double volume3a(WaterModel& w, double p, double s) { return w.V3APS(p, s); }
+    static double volume3b(WaterModel& w, double p, double s) { return w.V3BPS(p, s); }
+    static double temperature3a(WaterModel& w, double p, double s) { return w.T3APS(p, s); }
+    static double temperature3b(WaterModel& w, double p, double s) { return w.T3BPS(p, s); }
+    static void refine3(WaterModel& w, double p, double s, double& rho, double& T) { w.SolveRegion3PS(p, s, rho, T); }
+    static double saturatedWater(WaterModel& w, double Ts) { return w.SSWT(Ts); }
+    static double saturatedSteam(WaterModel& w, double Ts) { return w.SSST(Ts); }
+};
+
+// cp, cv and w by (p,s) take region 3 another way, which callers see in the last digits: T from
+// T3PS, then the density of the (p,T) family at that temperature.
+backward::State region3ByTemperature(WaterModel& w, double p, double s) {
+    const double T = w.T3PS(p, s);
+    const double rho = w.R3PT(p, T);
+    return {3, T, rho, 1.0 / rho};
+}
+
+}  // namespace
+
+int WaterModel::REGIONPS(double p, double s) {
+    const double m = settings.margin();
+    auto region1Or3 = [&] { return S1PT(p, kRegion13Temperature) * m >= s ? 1 : 3; };
+    auto region2Or5 = [&] { return S2PT(p, kRegion25Temperature) * m >= s ? 2 : 5; };
+    auto region3Or2 = [&] { return S2PT(p, T23P(p)) > m * s ? 3 : 2; };
+
+    // Above the pressure limit of region 5 the wet area is far away too.
+    if (p > kRegion5HighestPressure) {
+        if (s > 5098.0) return 2;
+        if (s < 3397.7) return 1;
+        if (s <= 3542.992) return region1Or3();
+        if (s < 5047.0) return 3;
+        return region3Or2();
+    }
+    if (p > kCriticalPressure) {
+        if (s < 3542.992) return 1;
+        if (s > 7000.7) return 5;
+        if (s < 3706.79) return region1Or3();
+        if (s < 5051.2) return 3;
+        if (s < 5240.347) return region3Or2();
+        if (s < 6522.64) return 2;
+        return region2Or5();
+    }
+    if (p >= kP623) {
+        if (s < 3706.79) return 1;
+        if (s < 3778.281339543) return region1Or3();
+        if (s > 7153.71) return 5;
+        if (s > 7000.63) return region2Or5();
+        if (s > 5261.0) return 2;
+        if (s > 5210.888) return region3Or2();
+        // Between the saturated states of region 3: the side of the critical entropy decides
+        // which saturated density the search starts from.
+        const double Ts = TSP(p);
+        solved.PublishTemperature(Ts);
+        if (s > 4411.559751434355) return S3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > s ? 4 : 3;
+        return S3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < s ? 4 : 3;
+    }
+    if (p < kLowestSaturationPressure) return region2Or5();
+    const double Ts = TSP(p);
+    solved.PublishTemperature(Ts);
+    if (S1PT(p, Ts) >= s) return 1;
+    if (S2PT(p, Ts) > s) return 4;
+    return region2Or5();
+}
+
+int WaterModel::WATERSTATEAREAPS(double p, double s) { return REGIONPS(p, s); }
+
+double WaterModel::TPS(double p, double s) { return backward::temperature<ByEntropy>(*this, p, s); }
+
+double WaterModel::VPS(double p, double s) { return backward::specificVolume<ByEntropy>(*this, p, s); }
+
+double WaterModel::UPS(double p, double s) {
+    return backward::regionProperty<ByEntropy>(*this, backward::kInternalEnergy, &WaterModel::USTX, p, s);
+}
+
+double WaterModel::HPS(double p, double s) {
+    return backward::regionProperty<ByEntropy>(*this, backward::kEnthalpy, &WaterModel::HSTX, p, s);
+}
+
+double WaterModel::CPPS(double p, double s) {
+    return backward::regionProperty<ByEntropy>(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, p, s,
+                                               &region3ByTemperature);
+}
+
+double WaterModel::CVPS(double p, double s) {
+    return backward::regionProperty<ByEntropy>(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, p, s,
+                                               &region3ByTemperature);
+}
+
+double WaterModel::WPS(double p, double s) {
+    return backward::regionProperty<ByEntropy>(*this, backward::kSpeedOfSound, &WaterModel::WSTX, p, s,
+                                               &region3ByTemperature);
+}
+
+double WaterModel::JOULETHOMPSONPS(double p, double s) { return backward::jouleThomson<ByEntropy>(*this, p, s); }
+
+double WaterModel::THERMCONDPS(double p, double s) { return backward::conductivity<ByEntropy>(*this, p, s); }
+
+double WaterModel::DYNVISPS(double p, double s) { return backward::viscosity<ByEntropy>(*this, p, s); }
+
+double WaterModel::KINVISPS(double p, double s) { return backward::kinematicViscosity<ByEntropy>(*this, p, s); }
+
+double WaterModel::PRANDTLEPS(double p, double s) { return backward::prandtl<ByEntropy>(*this, p, s); }
+
+double WaterModel::KPS(double p, double s) { return backward::isentropicExponent<ByEntropy>(*this, p, s); }
+
+double WaterModel::XPS(double p, double s) { return backward::drynessFraction<ByEntropy>(*this, p, s); }
+
+}  // namespace tvl
