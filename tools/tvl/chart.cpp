@@ -326,38 +326,45 @@ const char* kThirdStyle = "stroke:#8e44ad;stroke-width:0.7;stroke-dasharray:2,2"
 
 void drawLines(Chart& chart) {
     const std::vector<double> isobars{0.001, 0.002, 0.005, 0.01, 0.02, 0.05, 0.1, 0.2, 0.5, 1, 2, 5, 10, 20, 50, 100};
+    // Each family of lines is a group named by its id, clipped to the plot.
     chart.svg.beginGroup("clip-path=\"url(#plot)\"");
-    chart.svg.comment("lines of constant dryness");
+    chart.svg.beginGroup("id=\"dryness\"");
     std::vector<std::pair<std::vector<Point>, std::string>> labels;
     for (int k = 1; k <= 9; ++k) {
         const double x = k / 10.0;
         labels.push_back({chart.curve(dryness(x), kDrynessStyle), format("x=%.1f", x)});
     }
+    chart.svg.endGroup();
     if (chart.kind == Kind::kPH) {
-        chart.svg.comment("isentropes, kJ/(kg K)");
+        chart.svg.beginGroup("id=\"isentropes\"");
         for (int s = 1; s <= 10; ++s)
             labels.push_back({chart.curve(isentrope(s * 1000.0), kThirdStyle), format("s=%g", s)});
+        chart.svg.endGroup();
     }
     if (chart.kind == Kind::kTS) {
-        chart.svg.comment("lines of constant enthalpy, kJ/kg");
+        chart.svg.beginGroup("id=\"isenthalps\"");
         for (int h = 500; h <= 4000; h += 500)
             labels.push_back({chart.curve(isenthalp(h * 1000.0), kThirdStyle), format("h=%g", h)});
+        chart.svg.endGroup();
     }
     if (chart.kind != Kind::kPH) {
-        chart.svg.comment("isobars, MPa");
+        chart.svg.beginGroup("id=\"isobars\"");
         for (double p : isobars) labels.push_back({chart.curve(isobar(p * 1e6), kIsobarStyle), format("%g MPa", p)});
+        chart.svg.endGroup();
     }
     if (chart.kind != Kind::kTS) {
-        chart.svg.comment("isotherms, degrees Celsius");
+        chart.svg.beginGroup("id=\"isotherms\"");
         for (int t = 0; t <= 800; t += 50) {
             if (t == 0) continue;
             const bool labelled = t % 100 == 0 || chart.kind == Kind::kPH;
             const auto points = chart.curve(isotherm(t + kCelsius, chart.kind == Kind::kPH), kIsothermStyle);
             if (labelled) labels.push_back({points, format("%g \xC2\xB0" "C", t)});
         }
+        chart.svg.endGroup();
     }
-    chart.svg.comment("saturation line");
-    const auto domePoints = chart.curve(dome(), kDomeStyle);
+    chart.svg.beginGroup("id=\"saturation-line\"");
+    chart.curve(dome(), kDomeStyle);
+    chart.svg.endGroup();
     chart.svg.endGroup();
 
     // Labels last, over every line; the style names the family by colour.
@@ -377,7 +384,6 @@ void drawLines(Chart& chart) {
         chart.svg.circle(c.x, c.y, 3.5, "fill:#000");
         chart.svg.text(c.x + 6, c.y - 6, "critical point", "font-size:11px");
     }
-    (void)domePoints;
 }
 
 void mark(Chart& chart, const State& state, const std::string& name, const char* colour) {
@@ -397,7 +403,7 @@ bool drawExpansion(Chart& chart, const std::vector<double>& e) {
     const State ideal{p2, checked(tvlTEXPANSIONPTPEFF(p, T, p2, 1.0)), checked(tvlHEXPANSIONPTPEFF(p, T, p2, 1.0)),
                       checked(tvlSEXPANSIONPTPEFF(p, T, p2, 1.0))};
     if (std::isnan(inlet.h + inlet.s + outlet.h + outlet.s + outlet.T)) return false;
-    chart.svg.beginGroup("clip-path=\"url(#plot)\"");
+    chart.svg.beginGroup("id=\"expansion\" clip-path=\"url(#plot)\"");
     if (chart.kind != Kind::kPH) {
         chart.curve(isobar(p), "stroke:#1f4e9c;stroke-width:2");
         chart.curve(isobar(p2), "stroke:#1f4e9c;stroke-width:2");
