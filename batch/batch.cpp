@@ -115,7 +115,11 @@ extern "C" TVLX_API int64_t tvlxEVALUATE(const char* name, int64_t count, const 
         int32_t code = kBadParameters;
         double value = -1.0;
         if (accepted) {
-            value = valueOf(entry->call(args));
+            const CallResult result = entry->call(args);
+            // A text result has no place in an array of numbers; the table does not say which
+            // exports give texts, so the first call tells.
+            if (result.kind == CallResult::kText || result.kind == CallResult::kWideText) return -1;
+            value = valueOf(result);
             code = tvlGETLASTERROR();
         }
         results[element] = value;

@@ -41,13 +41,14 @@ extern "C" {
  * errors      count error codes, 0 where the call succeeded; may be NULL.
  *
  * Returns the number of points that failed, or -1 when no export has that name or its
- * signature cannot be batched (text results, window or word arguments, the error functions).
+ * signature cannot be batched (window or word arguments, the error functions) or its result
+ * is a text (found at the first point, which is then evaluated once).
  */
 TVLX_API int64_t tvlxEVALUATE(const char* name, int64_t count, const double* const* inputs,
                               const int64_t* strides, const char* const* texts, double* results,
                               double* const* outputs, int32_t* errors);
 
-/* 1 if tvlxEVALUATE takes the export `name`, 0 if not. */
+/* 1 if tvlxEVALUATE takes the arguments of the export `name`, 0 if not. */
 TVLX_API int32_t tvlxCANEVALUATE(const char* name);
 
 #ifdef __cplusplus

@@ -119,7 +119,8 @@ def _declare(name, result, params):
     setattr(raw, 'tvl' + name, function)
     inputs = [arg for kind, arg in params if kind != 'out']
     outputs = [arg for kind, arg in params if kind == 'out']
-    batchable = arrays_available and name not in _REPORTING and _batch.tvlxCANEVALUATE(name.encode('ascii')) == 1
+    batchable = (arrays_available and result in ('double', 'int32') and name not in _REPORTING
+                 and _batch.tvlxCANEVALUATE(name.encode('ascii')) == 1)
     evaluator = _arrays.Evaluator(_batch, name, result, params, _array_error) if batchable else None
 
     def call(*args, errors='raise'):

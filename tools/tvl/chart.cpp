@@ -135,7 +135,7 @@ public:
             const double dx = points[other].x - points[k].x, dy = points[other].y - points[k].y;
             double angle = (dx == 0 && dy == 0) ? 0.0 : std::atan2(dy, dx) * 180.0 / M_PI;
             const char* anchor = "start";
-            if (angle > 80 || angle <= -100) {
+            if (angle > 90 || angle <= -90) {
                 angle += angle > 0 ? -180 : 180;
                 anchor = "end";
             }
