@@ -157,11 +157,22 @@ class ChartTest(unittest.TestCase):
         for name in ('1', '2', '2s', 'A'):
             self.assertIn(name, texts)
 
+    def test_axis_ranges(self):
+        run, path = self.chart('ph', '--x', '1000:3000', '--y', '0.01:10')
+        self.assertEqual(run.returncode, 0, run.stderr)
+        root, groups, texts = self.parse(path)
+        for tick in ('1000', '3000', '0.01', '10'):
+            self.assertIn(tick, texts)
+        self.assertNotIn('4000', texts)
+        self.assertEqual(self.chart('ph', '--y', '0:10')[0].returncode, 1)
+        self.assertEqual(self.chart('hs', '--x', '1:2:3')[0].returncode, 1)
+
     def test_bad_arguments(self):
         self.assertEqual(tvl('chart', 'hs').returncode, 1)
         self.assertEqual(tvl('chart', 'xy', '--out', os.path.join(self.folder, 'a.svg')).returncode, 1)
         self.assertEqual(self.chart('hs', '--point', '3e6')[0].returncode, 1)
         self.assertEqual(self.chart('hs', '--x', '5:1')[0].returncode, 1)
+        self.assertEqual(self.chart('hs', '--point', 'nan,inf')[0].returncode, 1)
         self.assertEqual(tvl('chart', 'hs', '--out', os.path.join(self.folder, 'no', 'such', 'dir.svg')).returncode, 1)
         run, path = self.chart('hs', '--expansion', '1e7,200,1e4,0.85')
         self.assertEqual(run.returncode, 2)

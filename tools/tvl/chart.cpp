@@ -428,6 +428,14 @@ bool parseList(const char* text, size_t count, std::vector<double>& values) {
     return std::strchr(text, ':') == nullptr && parseNumberList(text, values) && values.size() == count;
 }
 
+// FROM:TO, two finite numbers.
+bool parseRange(const char* text, std::vector<double>& values) {
+    const char* colon = std::strchr(text, ':');
+    values.clear();
+    if (colon == nullptr || std::strchr(colon + 1, ':') != nullptr) return false;
+    return parseNumberList(std::string(text, colon), values) && parseNumberList(colon + 1, values) && values.size() == 2;
+}
+
 void printUsage() {
     std::fprintf(stderr,
                  "usage: tvl chart hs|ts|ph --out FILE.svg [--point h,s]... [--expansion p,T,p2,eff]\n"
@@ -452,7 +460,10 @@ int runChart(int argc, char** argv) {
     Axis x{0, 10, false, "s [kJ/(kg K)]"}, y{0, 4500, false, "h [kJ/kg]"};
     std::string title;
     if (name == "hs") {
+        // The part an engineer reads a Mollier chart for: steam, the top of the dome, wet steam.
         kind = Kind::kHS;
+        x = {3, 10, false, "s [kJ/(kg K)]"};
+        y = {1000, 4200, false, "h [kJ/kg]"};
         title = "h-s (Mollier) chart of water and steam";
     } else if (name == "ts") {
         kind = Kind::kTS;
@@ -484,9 +495,9 @@ int runChart(int argc, char** argv) {
             points.push_back(values);
         } else if (option == "--expansion" && parseList(value, 4, values)) {
             expansion = values;
-        } else if ((option == "--x" || option == "--y") && parseNumberList(value, values) && values.size() >= 2) {
+        } else if ((option == "--x" || option == "--y") && parseRange(value, values)) {
             Axis& axis = option == "--x" ? x : y;
-            const double low = values.front(), high = values.back();
+            const double low = values[0], high = values[1];
             if (!(high > low) || (axis.logarithmic && low <= 0)) {
                 std::fprintf(stderr, "tvl chart: %s needs FROM below TO\n", option.c_str());
                 return kUsageError;

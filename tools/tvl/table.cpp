@@ -115,10 +115,12 @@ public:
                 // SI units move the decimal point by the scale: MPa with 6 decimals is Pa with none.
                 const int decimals = si ? std::max(0, c.decimals + static_cast<int>(std::lround(std::log10(c.scale))))
                                         : c.decimals;
+                // A value that rounds to zero prints as 0, never as -0.
+                const bool zero = std::fabs(value) < 0.5 * std::pow(10.0, -decimals);
                 if (std::isnan(value))
                     std::snprintf(cell, sizeof cell, "-");
                 else
-                    std::snprintf(cell, sizeof cell, "%.*f", decimals, value);
+                    std::snprintf(cell, sizeof cell, "%.*f", decimals, zero ? 0.0 : value);
                 line += pad(cell, width(k));
             }
         }
@@ -139,7 +141,7 @@ private:
     }
     size_t width(size_t k) const {
         const Column& c = columns[k];
-        return std::max<size_t>(14, std::strlen(c.title) + std::strlen(si ? c.siUnit : c.unit) + 4);
+        return std::max<size_t>(14, std::strlen(c.title) + std::strlen(si ? c.siUnit : c.unit) + 5);
     }
 
     bool csv;
