@@ -10,10 +10,14 @@ WIN32_BUILD ?= build-win32
 MINGW_PACKAGES = g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64
 WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
 
-.PHONY: all configure run test bench sanitize clean windows windows-test
+.PHONY: all configure run test install bench sanitize clean windows windows-test
 
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
+
+# Packages that tests use when they are there (numpy, rsvg-convert); failing to install them
+# (no root, no network) only makes those tests skip.
+TEST_PACKAGES = python3-numpy librsvg2-bin
 
 configure:
 	@test -f $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
@@ -22,8 +26,15 @@ configure:
 run: all
 	@sh tools/steam_table.sh $(BUILD)/tvl
 
-test: all
+test:
+	-@sh tools/install_packages.sh $(TEST_PACKAGES)
+	@$(MAKE) --no-print-directory all
 	cd $(BUILD) && ctest -j $(JOBS) --output-on-failure
+
+# The libraries, headers, tvl, the CMake package and the pkg-config files under PREFIX.
+install: configure
+	cmake --build $(BUILD) -j $(JOBS) --target tavlib6 tavlib6x tvl
+	cmake --install $(BUILD) --prefix $(PREFIX)
 
 bench:
 	@test -f $(BENCH_BUILD)/CMakeCache.txt || cmake -S . -B $(BENCH_BUILD) -DCMAKE_BUILD_TYPE=Release -DTAVLIB6_TESTS=OFF -DTAVLIB6_BENCH=ON

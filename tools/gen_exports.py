@@ -6,7 +6,8 @@
 
 Writes the public header, one file of export forwarders per family, the PropertyFacade
 declarations, the internal object's virtual operations, the table of the tvl command, the
-Python signatures and the module definition files of the Windows DLL. Standard library only.
+Python signatures, the module definition files of the Windows DLL and the reference pages in
+docs/ (through tools/gen_docs.py). Standard library only.
 """
 import os
 import re
@@ -224,6 +225,9 @@ def outputs():
     }
     for family in families:
         files[os.path.join('src', 'exports', family.stem + '_exports.cpp')] = forwarders(family)
+    # The reference pages list the same exports; they are written with the rest.
+    import gen_docs
+    files.update(gen_docs.documents(families))
     return files
 
 

@@ -4,6 +4,8 @@
 //   tvl PT1HS 1e5 300        prints the outputs, labelled (p=..., T=...)
 //   tvl --list               lists the exports with their arguments
 //   tvl --about              prints the texts of the about box
+//   tvl table ...            steam tables (table.cpp)
+//   tvl chart ...            h-s, T-s and p-h charts as SVG (chart.cpp)
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
@@ -16,6 +18,7 @@
 
 #include "export_table.h"
 #include "product_texts.h"
+#include "table_format.h"
 
 namespace {
 
@@ -29,6 +32,8 @@ constexpr int kCallFailed = 2;
 void printHelp() {
     std::printf(
         "usage: tvl [-p DIGITS] NAME [ARGUMENT...]\n"
+        "       tvl table saturation-T | saturation-p | superheated ... (tvl table --help)\n"
+        "       tvl chart hs | ts | ph --out FILE.svg ... (tvl chart --help)\n"
         "       tvl --list | --about | --help\n\n"
         "Calls the export NAME of tavlib6 (with or without the tvl prefix, in any case) and prints its\n"
         "value with 17 significant digits, or DIGITS with -p. Exports with output cells print each\n"
@@ -172,6 +177,8 @@ int callExport(const ExportEntry& entry, int argc, char** argv, int digits) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc > 1 && std::strcmp(argv[1], "table") == 0) return tvlcli::runTable(argc - 2, argv + 2);
+    if (argc > 1 && std::strcmp(argv[1], "chart") == 0) return tvlcli::runChart(argc - 2, argv + 2);
     int digits = 17;
     int first = 1;
     while (first < argc && argv[first][0] == '-' && argv[first][1] != '\0' && !std::isdigit(static_cast<unsigned char>(argv[first][1]))) {

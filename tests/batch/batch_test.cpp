@@ -1,0 +1,156 @@
+// libtavlib6x against the plain exports: every element equals its own call, failing elements
+// carry their codes and failure values, outputs, texts and integer arguments, refusals.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "tavlib6.h"
+#include "tavlib6x.h"
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+struct Batch {
+    std::vector<double> results;
+    std::vector<int32_t> errors;
+    int64_t failed = 0;
+};
+
+Batch evaluate(const char* name, std::vector<std::vector<double>> columns, const char* const* texts = nullptr) {
+    size_t count = 1;
+    for (const auto& column : columns) count = std::max(count, column.size());
+    std::vector<const double*> inputs;
+    std::vector<int64_t> strides;
+    for (const auto& column : columns) {
+        inputs.push_back(column.data());
+        strides.push_back(column.size() == 1 ? 0 : 1);
+    }
+    Batch batch;
+    batch.results.assign(count, 0.0);
+    batch.errors.assign(count, -7);
+    batch.failed = tvlxEVALUATE(name, static_cast<int64_t>(count), inputs.data(), strides.data(), texts,
+                                batch.results.data(), nullptr, batch.errors.data());
+    return batch;
+}
+
+TEST(Batch, EveryElementEqualsItsOwnCallAcrossRegions) {
+    const std::vector<double> p{611.657, 1e5, 1e6, 5e6, 2.5e7, 1e8, 3e6, 6e7};
+    const std::vector<double> T{280.0, 500.0, 650.0, 700.0, 660.0, 1073.15, 1500.0, 1500.0};
+    const Batch batch = evaluate("HPT", {p, T});
+    ASSERT_EQ(batch.failed, 1);  // 60 MPa above 1073.15 K is outside the formulation
+    for (size_t k = 0; k < p.size(); ++k) {
+        const double expected = tvlHPT(p[k], T[k]);
+        EXPECT_EQ(batch.errors[k], tvlGETLASTERROR()) << "p=" << p[k] << " T=" << T[k];
+        EXPECT_EQ(batch.results[k], expected) << "p=" << p[k] << " T=" << T[k];
+    }
+}
+
+TEST(Batch, StrideZeroRepeatsOneValueAndNamesIgnoreCaseAndPrefix) {
+    const Batch lower = evaluate("tvlhpt", {{1e5, 1e6, 1e7}, {700.0}});
+    ASSERT_EQ(lower.failed, 0);
+    EXPECT_EQ(lower.results[2], tvlHPT(1e7, 700.0));
+    EXPECT_EQ(evaluate("HPT", {{1e5, 1e6, 1e7}, {700.0}}).results, lower.results);
+}
+
+TEST(Batch, FailingElementsCarryTheirCodesAndFailureValues) {
+    const Batch batch = evaluate("PST", {{300.0, 200.0, kNaN, kInf, -kInf, 647.096, 1e300}});
+    EXPECT_EQ(batch.failed, 5);
+    const std::vector<double> T{300.0, 200.0, kNaN, kInf, -kInf, 647.096, 1e300};
+    for (size_t k = 0; k < T.size(); ++k) {
+        const double expected = tvlPST(T[k]);
+        EXPECT_EQ(batch.errors[k], tvlGETLASTERROR()) << k;
+        EXPECT_EQ(batch.results[k], expected) << k;
+        EXPECT_TRUE(std::isfinite(batch.results[k])) << k;
+    }
+}
+
+TEST(Batch, OutputCellsPerElement) {
+    const double p[3] = {1e5, 1e7, 2e8};
+    const double T = 600.0;
+    const double* inputs[2] = {p, &T};
+    const int64_t strides[2] = {1, 0};
+    double results[3], cells[14][3];
+    int32_t errors[3];
+    double* outputs[14];
+    for (int j = 0; j < 14; ++j) outputs[j] = cells[j];
+    ASSERT_EQ(tvlxEVALUATE("VUSHCVWDERPTPT", 3, inputs, strides, nullptr, results, outputs, errors), 1);
+    for (int k = 0; k < 2; ++k) {
+        double one[14];
+        EXPECT_EQ(results[k], tvlVUSHCVWDERPTPT(p[k], T, &one[0], &one[1], &one[2], &one[3], &one[4], &one[5], &one[6],
+                                                &one[7], &one[8], &one[9], &one[10], &one[11], &one[12], &one[13]));
+        for (int j = 0; j < 14; ++j) EXPECT_EQ(cells[j][k], one[j]) << "output " << j << " p=" << p[k];
+        EXPECT_EQ(cells[3][k], tvlHPT(p[k], T));
+        EXPECT_EQ(errors[k], 0);
+    }
+    EXPECT_EQ(errors[2], 2);
+    EXPECT_EQ(results[2], -1.0);
+    // A null output array discards that output.
+    outputs[0] = nullptr;
+    EXPECT_EQ(tvlxEVALUATE("VUSHCVWDERPTPT", 2, inputs, strides, nullptr, results, outputs, nullptr), 0);
+    EXPECT_EQ(cells[1][1], tvlUPT(1e7, T));
+}
+
+TEST(Batch, TextAndIntegerArguments) {
+    const char* air[1] = {"N2:79;O2:21"};
+    const Batch gas = evaluate("gCPGST", {{300.0, 1000.0, 1e6}}, air);
+    EXPECT_EQ(gas.results[0], tvlgCPGST(air[0], 300.0));
+    EXPECT_EQ(gas.results[1], tvlgCPGST(air[0], 1000.0));
+    EXPECT_NE(gas.errors[2], 0);
+    const char* broken[1] = {"N2:79;;{"};
+    EXPECT_EQ(evaluate("gCPGST", {{300.0}}, broken).errors[0], (tvlgCPGST(broken[0], 300.0), tvlGETLASTERROR()));
+
+    const Batch ids = evaluate("gCPIDT", {{1.0, 2.5, kNaN, 1e12, -1.0}, {300.0}});
+    EXPECT_EQ(ids.results[0], tvlgCPIDT(1, 300.0));
+    for (int k = 1; k < 4; ++k) {
+        EXPECT_EQ(ids.errors[k], 1) << k;
+        EXPECT_EQ(ids.results[k], -1.0) << k;
+    }
+    EXPECT_EQ(ids.errors[4], (tvlgCPIDT(-1, 300.0), tvlGETLASTERROR()));
+}
+
+TEST(Batch, IntegerResultsAsDoubles) {
+    const Batch phase = evaluate("PHASESTATEPT", {{1e5}, {300.0, 500.0}});
+    EXPECT_EQ(phase.results[0], tvlPHASESTATEPT(1e5, 300.0));
+    EXPECT_EQ(phase.results[1], tvlPHASESTATEPT(1e5, 500.0));
+}
+
+TEST(Batch, RefusalsLeaveNothingBehind) {
+    const double T = 300.0;
+    const double* inputs[1] = {&T};
+    const int64_t strides[1] = {0};
+    double result = 5.0;
+    int32_t error = 5;
+    for (const char* name : {"NOSUCHEXPORT", "GETLASTERROR", "SETLASTERROR", "SHOWABOUT", "gGETGASDATA", "", "tvl"}) {
+        EXPECT_EQ(tvlxCANEVALUATE(name), 0) << name;
+        EXPECT_EQ(tvlxEVALUATE(name, 1, inputs, strides, nullptr, &result, nullptr, &error), -1) << name;
+    }
+    EXPECT_EQ(tvlxCANEVALUATE(nullptr), 0);
+    EXPECT_EQ(tvlxEVALUATE(nullptr, 1, inputs, strides, nullptr, &result, nullptr, &error), -1);
+    EXPECT_EQ(tvlxEVALUATE("PST", -1, inputs, strides, nullptr, &result, nullptr, &error), -1);
+    EXPECT_EQ(tvlxEVALUATE("PST", 1, nullptr, strides, nullptr, &result, nullptr, &error), -1);
+    EXPECT_EQ(tvlxEVALUATE("PST", 1, inputs, strides, nullptr, nullptr, nullptr, &error), -1);
+    EXPECT_EQ(tvlxEVALUATE("VUSHCVWDERPTSWT", 1, inputs, strides, nullptr, &result, nullptr, &error), -1);
+    EXPECT_EQ(tvlxEVALUATE("gCPGST", 1, inputs, strides, nullptr, &result, nullptr, &error), -1);
+    EXPECT_EQ((result == 5.0 && error == 5), true);
+    // A text result is found at the first point.
+    const double id = 13.0;
+    const double* idInputs[1] = {&id};
+    EXPECT_EQ(tvlxCANEVALUATE("gGSID"), 1);
+    EXPECT_EQ(tvlxEVALUATE("gGSID", 1, idInputs, strides, nullptr, &result, nullptr, &error), -1);
+    EXPECT_EQ(tvlxEVALUATE("PST", 0, inputs, strides, nullptr, &result, nullptr, &error), 0);
+}
+
+TEST(Batch, SettingsOfTheLibraryHold) {
+    ASSERT_EQ(tvlSETCHECKRANGEMODE(0), 0);
+    const Batch unchecked = evaluate("H1PT", {{1e9}, {250.0}});
+    const double expected = tvlH1PT(1e9, 250.0);
+    tvlSETCHECKRANGEMODE(1);
+    EXPECT_EQ(unchecked.results[0], expected);
+}
+
+}  // namespace

@@ -1,0 +1,21 @@
+// Values of one tvl subcommand call: a failed export is NaN, printed as "-" (text) or empty (CSV).
+#ifndef TVL_TABLE_FORMAT_H
+#define TVL_TABLE_FORMAT_H
+
+#include <string>
+#include <vector>
+
+namespace tvlcli {
+
+// The value of the call just made, or NaN where the library reported an error.
+double checked(double value);
+
+// Parses "a,b,c" or "from:to:step" into numbers; false on anything else.
+bool parseNumberList(const std::string& text, std::vector<double>& values);
+
+int runTable(int argc, char** argv);
+int runChart(int argc, char** argv);
+
+}  // namespace tvlcli
+
+#endif
