@@ -170,6 +170,20 @@ TEST_F(HSRoundTrip, WetStatesGiveTheirTemperatureAndDrynessBack) {
                 worstDryness);
 }
 
+// The bisection takes s and h of each saturated phase from one location of the phase: the same
+// numbers as the saturation family's, near the critical point too, where locating is a search.
+TEST_F(HSRoundTrip, SaturatedEntropyAndEnthalpyTogether) {
+    tvl::WaterModel& w = water;
+    for (double T : {273.15, 300.0, 450.0, 623.15, std::nextafter(623.15, 700.0), 630.0, 646.0, 647.09}) {
+        const tvl::EntropyEnthalpy water = w.waterEntropyEnthalpy(T);
+        const tvl::EntropyEnthalpy steam = w.steamEntropyEnthalpy(T);
+        EXPECT_EQ(water.s, w.SSWT(T)) << T;
+        EXPECT_EQ(water.h, w.HSWT(T)) << T;
+        EXPECT_EQ(steam.s, w.SSST(T)) << T;
+        EXPECT_EQ(steam.h, w.HSST(T)) << T;
+    }
+}
+
 // Right of the critical entropy a wet state is area 4: its pressure is the saturation pressure
 // of the temperature found, and its properties are the mixture rules at that T and x.
 TEST_F(HSRoundTrip, WetStatesRightOfTheCriticalEntropy) {

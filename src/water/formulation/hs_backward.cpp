@@ -38,10 +38,13 @@ double WaterModel::BisectSaturationHS(double h, double s, double lower, double u
         const double middle = 0.5 * lower + 0.5 * upper;
         T = middle;
         if (middle == kCriticalTemperature || middle == kLowestTemperature) break;
-        x = two_phase::fraction(SSWT(middle), SSST(middle), s);
+        // Each phase located once for its s and h: near the critical point that is a search.
+        const EntropyEnthalpy water = waterEntropyEnthalpy(middle);
+        const EntropyEnthalpy steam = steamEntropyEnthalpy(middle);
+        x = two_phase::fraction(water.s, steam.s, s);
         if (x < 0.0) x = 0.0;
         if (x > 1.0) x = 1.0;
-        const double hm = two_phase::mix(HSWT(middle), HSST(middle), x);
+        const double hm = two_phase::mix(water.h, steam.h, x);
         if (h > hm) lower = middle;
         else upper = middle;
         if (count > settings.maxIterations) break;

@@ -29,6 +29,12 @@ struct GibbsPoint {
     GibbsSums sums;
 };
 
+// Entropy and enthalpy of one state, found together.
+struct EntropyEnthalpy {
+    double s;
+    double h;
+};
+
 // Which sums one pass over the terms forms.
 enum GibbsTerm : unsigned {
     kGamma = 1u,
@@ -260,6 +266,9 @@ public:
     double KINVISSWT(double T);
     double KINVISSST(double T);
     double RST(double T);  // latent heat
+    // s and h of a saturated phase, located once: the values of SSWT and HSWT (SSST and HSST).
+    EntropyEnthalpy waterEntropyEnthalpy(double T);
+    EntropyEnthalpy steamEntropyEnthalpy(double T);
     // cv on the two-phase side of the saturated states, which the wet mixture takes.
     double CVDPSWT(double T);
     double CVDPSST(double T);
