@@ -170,18 +170,33 @@ TEST_F(HSRoundTrip, WetStatesGiveTheirTemperatureAndDrynessBack) {
                 worstDryness);
 }
 
-// The bisection takes s and h of each saturated phase from one location of the phase: the same
-// numbers as the saturation family's, near the critical point too, where locating is a search.
+// The bisection takes s and h of each saturated phase from one location and one pass over the
+// terms: the same numbers as the saturation family's, bit for bit, along the whole line.
 TEST_F(HSRoundTrip, SaturatedEntropyAndEnthalpyTogether) {
     tvl::WaterModel& w = water;
-    for (double T : {273.15, 300.0, 450.0, 623.15, std::nextafter(623.15, 700.0), 630.0, 646.0, 647.09}) {
+    std::vector<double> temperatures = {273.15, 623.15, std::nextafter(623.15, 700.0), 647.09};
+    for (double T = 273.15; T < 647.096; T += 0.37) temperatures.push_back(T);
+    for (double T : temperatures) {
         const tvl::EntropyEnthalpy water = w.waterEntropyEnthalpy(T);
         const tvl::EntropyEnthalpy steam = w.steamEntropyEnthalpy(T);
-        EXPECT_EQ(water.s, w.SSWT(T)) << T;
-        EXPECT_EQ(water.h, w.HSWT(T)) << T;
-        EXPECT_EQ(steam.s, w.SSST(T)) << T;
-        EXPECT_EQ(steam.h, w.HSST(T)) << T;
+        ASSERT_EQ(water.s, w.SSWT(T)) << T;
+        ASSERT_EQ(water.h, w.HSWT(T)) << T;
+        ASSERT_EQ(steam.s, w.SSST(T)) << T;
+        ASSERT_EQ(steam.h, w.HSST(T)) << T;
     }
+    // Off the line as well, over each region's own range.
+    for (double p = 1e3; p <= 1e8; p *= 1.7)
+        for (double T = 273.15; T <= 1073.15; T += 13.0) {
+            ASSERT_EQ(w.entropyEnthalpy1PT(p, T).s, w.S1PT(p, T)) << p << " " << T;
+            ASSERT_EQ(w.entropyEnthalpy1PT(p, T).h, w.H1PT(p, T)) << p << " " << T;
+            ASSERT_EQ(w.entropyEnthalpy2PT(p, T).s, w.S2PT(p, T)) << p << " " << T;
+            ASSERT_EQ(w.entropyEnthalpy2PT(p, T).h, w.H2PT(p, T)) << p << " " << T;
+        }
+    for (double rho = 100.0; rho <= 750.0; rho += 7.0)
+        for (double T = 623.15; T <= 863.15; T += 3.0) {
+            ASSERT_EQ(w.entropyEnthalpy3RT(rho, T).s, w.S3RT(rho, T)) << rho << " " << T;
+            ASSERT_EQ(w.entropyEnthalpy3RT(rho, T).h, w.H3RT(rho, T)) << rho << " " << T;
+        }
 }
 
 // Right of the critical entropy a wet state is area 4: its pressure is the saturation pressure

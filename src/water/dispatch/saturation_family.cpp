@@ -83,7 +83,8 @@ double isentropicExponent(WaterModel& model, double T) {
 template <Phase phase>
 EntropyEnthalpy entropyEnthalpy(WaterModel& model, double T) {
     const SaturatedPhase at = locate<phase>(model, T);
-    return {evaluate<phase>(kEntropy, model, at, T), evaluate<phase>(kEnthalpy, model, at, T)};
+    if (at.nearCritical) return model.entropyEnthalpy3RT(at.rho, T);
+    return phase == Phase::water ? model.entropyEnthalpy1PT(at.p, T) : model.entropyEnthalpy2PT(at.p, T);
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ double WaterModel::BisectSaturationHS(double h, double s, double lower, double u
         const double middle = 0.5 * lower + 0.5 * upper;
         T = middle;
         if (middle == kCriticalTemperature || middle == kLowestTemperature) break;
-        // Each phase located once for its s and h: near the critical point that is a search.
+        // Each phase located and evaluated once for its s and h.
         const EntropyEnthalpy water = waterEntropyEnthalpy(middle);
         const EntropyEnthalpy steam = steamEntropyEnthalpy(middle);
         x = two_phase::fraction(water.s, steam.s, s);

@@ -63,6 +63,7 @@ public:
     double U1PT(double p, double T);
     double S1PT(double p, double T);
     double H1PT(double p, double T);
+    EntropyEnthalpy entropyEnthalpy1PT(double p, double T);  // S1PT and H1PT from one pass
     double CP1PT(double p, double T);
     double CV1PT(double p, double T);
     double W1PT(double p, double T);
@@ -97,6 +98,7 @@ public:
     double U2PT(double p, double T);
     double S2PT(double p, double T);
     double H2PT(double p, double T);
+    EntropyEnthalpy entropyEnthalpy2PT(double p, double T);  // S2PT and H2PT from one pass
     double CP2PT(double p, double T);
     double CV2PT(double p, double T);
     double W2PT(double p, double T);
@@ -128,6 +130,7 @@ public:
     double U3RT(double rho, double T);
     double S3RT(double rho, double T);
     double H3RT(double rho, double T);
+    EntropyEnthalpy entropyEnthalpy3RT(double rho, double T);  // S3RT and H3RT from one pass
     double CP3RT(double rho, double T);
     double CV3RT(double rho, double T);
     double W3RT(double rho, double T);
