@@ -316,6 +316,26 @@ TVL_API double TVL_CALL tvlKPS(double p, double s);
 TVL_API double TVL_CALL tvlXPS(double p, double s);
 TVL_API int32_t TVL_CALL tvlWATERSTATEAREAPS(double p, double s);
 
+/* ---- Properties by (h,s) ---- */
+TVL_API double TVL_CALL tvlPHS(double h, double s);
+TVL_API double TVL_CALL tvlTHS(double h, double s);
+TVL_API double TVL_CALL tvlVHS(double h, double s);
+TVL_API double TVL_CALL tvlUHS(double h, double s);
+TVL_API double TVL_CALL tvlCPHS(double h, double s);
+TVL_API double TVL_CALL tvlCVHS(double h, double s);
+TVL_API double TVL_CALL tvlWHS(double h, double s);
+TVL_API double TVL_CALL tvlJOULETHOMPSONHS(double h, double s);
+TVL_API double TVL_CALL tvlTHERMCONDHS(double h, double s);
+TVL_API double TVL_CALL tvlDYNVISHS(double h, double s);
+TVL_API double TVL_CALL tvlPRANDTLEHS(double h, double s);
+TVL_API double TVL_CALL tvlKINVISHS(double h, double s);
+TVL_API double TVL_CALL tvlKHS(double h, double s);
+TVL_API double TVL_CALL tvlXHS(double h, double s);
+TVL_API double TVL_CALL tvlTSHS(double h, double s);
+TVL_API int32_t TVL_CALL tvlWATERSTATEAREAHS(double h, double s);
+TVL_API double TVL_CALL tvlPTHS(double h, double s, double* p, double* T);
+TVL_API double TVL_CALL tvlTXSHS(double h, double s, double* T, double* x);
+
 /* ---- End state of an adiabatic expansion ---- */
 TVL_API double TVL_CALL tvlTEXPANSIONPTPEFF(double p, double T, double p2, double eff);
 TVL_API double TVL_CALL tvlVEXPANSIONPTPEFF(double p, double T, double p2, double eff);

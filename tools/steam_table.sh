@@ -101,6 +101,22 @@ for stage in "isentropic 1" "outlet 0.85"; do
         "$(value XEXPANSIONPTPEFF 1e7 800 1e4 "$2")" "$(value SEXPANSIONPTPEFF 1e7 800 1e4 "$2")"
 done
 
+# The same three states read back from their enthalpy and entropy alone, as off a Mollier chart.
+echo
+echo "The stage read back by (h,s)"
+printf '%-12s%6s%14s%12s%12s\n' "state" "area" "p [MPa]" "T [K]" "x"
+for stage in "inlet" "isentropic 1" "outlet 0.85"; do
+    set -- $stage
+    if [ "$1" = inlet ]; then
+        H=$(value HPT 1e7 800) S=$(value SPT 1e7 800)
+    else
+        H=$(value HEXPANSIONPTPEFF 1e7 800 1e4 "$2") S=$(value SEXPANSIONPTPEFF 1e7 800 1e4 "$2")
+    fi
+    row "%6d %14.6f %12.3f %12.5f" "1 1e-6 1 1" "$1" -- \
+        "$(value WATERSTATEAREAHS "$H" "$S")" "$(value PHS "$H" "$S")" "$(value THS "$H" "$S")" \
+        "$(value XHS "$H" "$S")"
+done
+
 
 echo
 echo "Ideal gases: the row \"Air\", the mixture \"AirMix\" and a flue gas by composition text"

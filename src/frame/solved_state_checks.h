@@ -17,6 +17,11 @@ inline double requireSolvedTemperature(const SolvedState& solved) {
     return solved.solvedTemperature;
 }
 
+inline double requireSolvedPressure(const SolvedState& solved) {
+    if (solved.pressureSolved == 0) throw kBadParameters;
+    return solved.solvedPressure;
+}
+
 inline void requireSolvedState(PropertyFacade& lib, SolvedRange range, double p) {
     const double T = requireSolvedTemperature(lib.solved);
     switch (range) {

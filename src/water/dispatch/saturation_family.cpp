@@ -80,6 +80,13 @@ double isentropicExponent(WaterModel& model, double T) {
     return w * w / (at.p * evaluate<phase>(kVolume, model, at, T));
 }
 
+template <Phase phase>
+EntropyEnthalpy entropyEnthalpy(WaterModel& model, double T) {
+    const SaturatedPhase at = locate<phase>(model, T);
+    if (at.nearCritical) return model.entropyEnthalpy3RT(at.rho, T);
+    return phase == Phase::water ? model.entropyEnthalpy1PT(at.p, T) : model.entropyEnthalpy2PT(at.p, T);
+}
+
 }  // namespace
 
 double WaterModel::VSWT(double T) { return saturated<Phase::water>(kVolume, *this, T); }
@@ -104,6 +111,9 @@ double WaterModel::KSWT(double T) { return isentropicExponent<Phase::water>(*thi
 double WaterModel::KSST(double T) { return isentropicExponent<Phase::steam>(*this, T); }
 
 double WaterModel::RST(double T) { return HSST(T) - HSWT(T); }
+
+EntropyEnthalpy WaterModel::waterEntropyEnthalpy(double T) { return entropyEnthalpy<Phase::water>(*this, T); }
+EntropyEnthalpy WaterModel::steamEntropyEnthalpy(double T) { return entropyEnthalpy<Phase::steam>(*this, T); }
 
 // ---- Transport and the properties composed from it, each phase at its own density ----
 

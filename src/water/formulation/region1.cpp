@@ -74,6 +74,12 @@ double WaterModel::H1PT(double p, double T) {
     return gibbs::enthalpy(region1At<kGammaTau>(p, T), kRegion1RT);
 }
 
+// Each sum runs over the terms on its own, so these are the numbers of S1PT and H1PT.
+EntropyEnthalpy WaterModel::entropyEnthalpy1PT(double p, double T) {
+    const GibbsPoint x = region1At<kGamma | kGammaTau>(p, T);
+    return {gibbs::entropy(x), gibbs::enthalpy(x, kRegion1RT)};
+}
+
 double WaterModel::CP1PT(double p, double T) {
     return gibbs::isobaricHeatCapacity(region1At<kGammaTauTau>(p, T));
 }

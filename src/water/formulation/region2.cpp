@@ -41,6 +41,12 @@ double WaterModel::H2PT(double p, double T) {
     return gibbs::enthalpy(region2::pointAt<kGammaTau>(xPowers, yPowers, p, T), kRT);
 }
 
+// Each sum runs over the terms on its own, so these are the numbers of S2PT and H2PT.
+EntropyEnthalpy WaterModel::entropyEnthalpy2PT(double p, double T) {
+    const GibbsPoint x = region2::pointAt<kGamma | kGammaTau>(xPowers, yPowers, p, T);
+    return {gibbs::entropy(x), gibbs::enthalpy(x, kRT)};
+}
+
 double WaterModel::CP2PT(double p, double T) {
     return gibbs::isobaricHeatCapacity(region2::pointAt<kGammaTauTau>(xPowers, yPowers, p, T));
 }

@@ -51,6 +51,12 @@ double WaterModel::H3RT(double rho, double T) {
     return (tau * f.phiTau + delta * f.phiDelta) * R * T;
 }
 
+// Each sum runs over the terms on its own, so these are the numbers of S3RT and H3RT.
+EntropyEnthalpy WaterModel::entropyEnthalpy3RT(double rho, double T) {
+    const auto [delta, tau, f] = helmholtzAt<kPhi | kPhiDelta | kPhiTau>(*this, rho, T);
+    return {(tau * f.phiTau - f.phi) * R, (tau * f.phiTau + delta * f.phiDelta) * R * T};
+}
+
 double WaterModel::CP3RT(double rho, double T) {
     const auto [delta, tau, f] = helmholtzAt<kPhiDelta | kPhiDeltaDelta | kPhiTauTau | kPhiDeltaTau>(*this, rho, T);
     const double D = 2.0 * delta * f.phiDelta + delta * delta * f.phiDeltaDelta;

@@ -29,6 +29,12 @@ struct GibbsPoint {
     GibbsSums sums;
 };
 
+// Entropy and enthalpy of one state, found together.
+struct EntropyEnthalpy {
+    double s;
+    double h;
+};
+
 // Which sums one pass over the terms forms.
 enum GibbsTerm : unsigned {
     kGamma = 1u,
@@ -57,6 +63,7 @@ public:
     double U1PT(double p, double T);
     double S1PT(double p, double T);
     double H1PT(double p, double T);
+    EntropyEnthalpy entropyEnthalpy1PT(double p, double T);  // S1PT and H1PT from one pass
     double CP1PT(double p, double T);
     double CV1PT(double p, double T);
     double W1PT(double p, double T);
@@ -91,6 +98,7 @@ public:
     double U2PT(double p, double T);
     double S2PT(double p, double T);
     double H2PT(double p, double T);
+    EntropyEnthalpy entropyEnthalpy2PT(double p, double T);  // S2PT and H2PT from one pass
     double CP2PT(double p, double T);
     double CV2PT(double p, double T);
     double W2PT(double p, double T);
@@ -122,6 +130,7 @@ public:
     double U3RT(double rho, double T);
     double S3RT(double rho, double T);
     double H3RT(double rho, double T);
+    EntropyEnthalpy entropyEnthalpy3RT(double rho, double T);  // S3RT and H3RT from one pass
     double CP3RT(double rho, double T);
     double CV3RT(double rho, double T);
     double W3RT(double rho, double T);
@@ -192,6 +201,16 @@ public:
     double T3RH(double rho, double h, double startTemperature);
 
     // ---- Backward equations in (h,s) and the two-phase area (hs_backward.cpp) ----
+    // Tsat(h,s) of the release, raw; it publishes nothing.
+    double T4HSEquation(double h, double s);
+    // Bisection on T along the saturation line for the wet state of (h,s) between lower and
+    // upper; T and x hold the last midpoint and its clamped dryness fraction. Returns 1.0.
+    double BisectSaturationHS(double h, double s, double lower, double upper, double& T, double& x);
+    // T and x of a wet state: the bisection over the whole line left of the equation's entropy
+    // limit, the equation (refined while toleranceMode is on) right of it. Returns 1.0.
+    double TXSHS(double h, double s, double& T, double& x);
+    // TXSHS, with T published, and under range checks its saturation pressure as well.
+    double TSHS(double h, double s, double& x);
 
     // ---- Dispatch on (p,T) (pt_dispatch.cpp) ----
     // The region of the property family (1, 2, 3 or 5); never 4.
@@ -250,6 +269,9 @@ public:
     double KINVISSWT(double T);
     double KINVISSST(double T);
     double RST(double T);  // latent heat
+    // s and h of a saturated phase, located once: the values of SSWT and HSWT (SSST and HSST).
+    EntropyEnthalpy waterEntropyEnthalpy(double T);
+    EntropyEnthalpy steamEntropyEnthalpy(double T);
     // cv on the two-phase side of the saturated states, which the wet mixture takes.
     double CVDPSWT(double T);
     double CVDPSST(double T);
@@ -373,6 +395,25 @@ public:
     double XEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
 
     // ---- Dispatch on (h,s) (hs_dispatch.cpp) ----
+    // The area of a point, 1 to 5, by fixed numbers and boundary fits; a wet state left of the
+    // critical entropy is reported as region 1.
+    int REGIONHS(double h, double s);
+    int WATERSTATEAREAHS(double h, double s);
+    double PHS(double h, double s);
+    double THS(double h, double s);
+    void PTHS(double h, double s, double& p, double& T);
+    double VHS(double h, double s);
+    double UHS(double h, double s);
+    double CPHS(double h, double s);
+    double CVHS(double h, double s);
+    double WHS(double h, double s);
+    double JOULETHOMPSONHS(double h, double s);
+    double THERMCONDHS(double h, double s);
+    double DYNVISHS(double h, double s);
+    double PRANDTLEHS(double h, double s);
+    double KINVISHS(double h, double s);
+    double KHS(double h, double s);
+    double XHS(double h, double s);  // kOutOfRange outside the area 4, whatever the checks
 
     // ---- Transport and derived properties (transport.cpp, derived.cpp) ----
     double DYNVISRT(double density, double T) const;

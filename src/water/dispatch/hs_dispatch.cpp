@@ -1,0 +1,228 @@
+// Dispatch on (h,s): the area of a point by fixed enthalpies and entropies and the boundary fits,
+// then the state by the region's backward functions and Newton searches, or in the wet area the
+// saturation temperature and x of the bisection. A property is the region's equation at that
+// state, or the (T, x) rule of the mixture; the one-phase evaluation is that of (p,h) and (p,s).
+#include "water/dispatch/ph_ps_evaluation.h"
+#include "water/formulation/constants.h"
+
+namespace tvl {
+
+namespace {
+
+// hb(s), the library's fit of the enthalpy where region 2 gives way to region 5 at 1073.15 K,
+// from about 3.93e6 to 4.16e6 J/kg. The division by s^5 is taken as two, by s^4 and by s.
+double regionBoundary25(double s) {
+    const double polynomial =
+        (((((((((9.62867954565456e-13 * s - 1.0972727503326373e-7) * s + 0.005581545489289516) * s -
+               166.86243964122318) * s + 3246036.552562381) * s - 42920237610.96441) * s + 390628799776173.4) * s -
+            2414622792598335488.0) * s + 9696635663765710307328.0) * s - 2.2823756959811147e25) * s +
+        2.3880500048454153e28;
+    const double s2 = s * s;
+    return polynomial / (s2 * s2) / s;
+}
+
+// The state that an (h,s) pair names. p is the pressure that the region's search found; in
+// region 3 the density is the search's and p is not formed; in the wet area (4) T is the
+// saturation temperature and x the dryness fraction.
+struct StateHS {
+    backward::State state;
+    double p = 0.0;
+    double x = 0.0;
+};
+
+StateHS solveState(WaterModel& w, double h, double s) {
+    StateHS found;
+    double T = 0.0;
+    switch (w.REGIONHS(h, s)) {
+    case 1:
+        w.PT1HS(h, s, found.p, T);
+        found.state = {1, T};
+        return found;
+    case 2:
+        w.PT2HS(h, s, found.p, T);
+        found.state = {2, T};
+        return found;
+    case 3: {
+        double rho = 0.0;
+        w.RT3HS(h, s, rho, T);
+        found.state = {3, T, rho, 1.0 / rho};
+        return found;
+    }
+    case 4:
+        T = w.TSHS(h, s, found.x);
+        found.state = {4, T};
+        return found;
+    case 5:
+        w.PT5HS(h, s, found.p, T);
+        found.state = {5, T};
+        return found;
+    default: throw kUnknownArea;
+    }
+}
+
+// In the wet area the rule of the mixture at (T, x), which refuses, with checks on, what has no
+// meaning there; elsewhere onePhase(state, p).
+template <class OnePhase>
+double evaluate(WaterModel& w, double h, double s, double (WaterModel::*wet)(double T, double x), OnePhase onePhase) {
+    const StateHS found = solveState(w, h, s);
+    if (found.state.area == 4) return (w.*wet)(found.state.T, found.x);
+    return onePhase(found.state, found.p);
+}
+
+double regionProperty(WaterModel& w, const backward::RegionEquations& e, double (WaterModel::*wet)(double, double),
+                      double h, double s) {
+    return evaluate(w, h, s, wet, [&](const backward::State& state, double p) {
+        return backward::onePhase(w, e, p, state);
+    });
+}
+
+double densityOf(WaterModel& w, const backward::State& state, double p) {
+    return backward::density(backward::volume(w, p, state), state);
+}
+
+}  // namespace
+
+// No tolerance takes part: every test is on a fixed number or a fit. Left of the critical
+// entropy a point under the saturated-water curve is region 1, not 4, as callers have it.
+int WaterModel::REGIONHS(double h, double s) {
+    if (h > 4160663.6900093425) return 5;
+    if (h > 3925960.4095492493) return h > regionBoundary25(s) ? 5 : 2;
+    if (h > 2812942.0606003786 || s > 9155.759395224399) return 2;
+    if (s < -0.15454959194427764) return 1;
+    if (s > kCriticalEntropy) {
+        if (ROUGHHSSS(s) > h) return 4;
+        if (s < 5041.0) return 3;
+        if (s > 5269.0) return 2;
+        const double p = PB23HS(h, s);
+        const double T = TB23HS(h, s);
+        return T23P(p) >= T ? 3 : 2;
+    }
+    if (ROUGHHSWS(s) > h) return 1;
+    if (h < 1553900.0) return 1;
+    if (h > 1670850.0) return 3;
+    return h > HB13S(s) ? 3 : 1;
+}
+
+int WaterModel::WATERSTATEAREAHS(double h, double s) { return REGIONHS(h, s); }
+
+double WaterModel::PHS(double h, double s) {
+    switch (REGIONHS(h, s)) {
+    case 1: return P1HS(h, s);
+    case 2: return P2HS(h, s);
+    case 3: return P3HS(h, s);
+    case 4: {
+        double x;
+        return PST(TSHS(h, s, x));
+    }
+    case 5: return P5HS(h, s);
+    default: throw kUnknownArea;
+    }
+}
+
+double WaterModel::THS(double h, double s) {
+    switch (REGIONHS(h, s)) {
+    case 1: return T1HS(h, s);
+    case 2: return T2HS(h, s);
+    case 3: return T3HS(h, s);
+    case 4: {
+        double x;
+        return TSHS(h, s, x);
+    }
+    case 5: return T5HS(h, s);
+    default: throw kUnknownArea;
+    }
+}
+
+void WaterModel::PTHS(double h, double s, double& p, double& T) {
+    switch (REGIONHS(h, s)) {
+    case 1: PT1HS(h, s, p, T); return;
+    case 2: PT2HS(h, s, p, T); return;
+    case 3: PT3HS(h, s, p, T); return;
+    case 4: {
+        double x;
+        T = TSHS(h, s, x);
+        p = PST(T);
+        solved.PublishPressure(p);
+        return;
+    }
+    case 5: PT5HS(h, s, p, T); return;
+    default: throw kUnknownArea;
+    }
+}
+
+double WaterModel::VHS(double h, double s) {
+    return evaluate(*this, h, s, &WaterModel::VSTX,
+                    [&](const backward::State& state, double p) { return backward::volume(*this, p, state); });
+}
+
+double WaterModel::UHS(double h, double s) {
+    return regionProperty(*this, backward::kInternalEnergy, &WaterModel::USTX, h, s);
+}
+
+double WaterModel::CPHS(double h, double s) {
+    return regionProperty(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, h, s);
+}
+
+double WaterModel::CVHS(double h, double s) {
+    return regionProperty(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, h, s);
+}
+
+double WaterModel::WHS(double h, double s) {
+    return regionProperty(*this, backward::kSpeedOfSound, &WaterModel::WSTX, h, s);
+}
+
+// Along the wet area an isenthalp crosses no isotherm at fixed p: the inverse slope of the
+// saturation line, whatever x is.
+double WaterModel::JOULETHOMPSONHS(double h, double s) {
+    const StateHS found = solveState(*this, h, s);
+    if (found.state.area == 4) return 1.0 / DPDTST(found.state.T);
+    return backward::onePhase(*this, backward::kJouleThomson, found.p, found.state);
+}
+
+double WaterModel::THERMCONDHS(double h, double s) {
+    return evaluate(*this, h, s, &WaterModel::THERMCONDSTX, [&](const backward::State& state, double p) {
+        return THERMCONDRT(densityOf(*this, state, p), state.T);
+    });
+}
+
+double WaterModel::DYNVISHS(double h, double s) {
+    return evaluate(*this, h, s, &WaterModel::DYNVISSTX, [&](const backward::State& state, double p) {
+        return DYNVISRT(densityOf(*this, state, p), state.T);
+    });
+}
+
+double WaterModel::KINVISHS(double h, double s) {
+    return evaluate(*this, h, s, &WaterModel::KINVISSTX, [&](const backward::State& state, double p) {
+        const double v = backward::volume(*this, p, state);
+        return DYNVISRT(backward::density(v, state), state.T) * v;
+    });
+}
+
+double WaterModel::PRANDTLEHS(double h, double s) {
+    return evaluate(*this, h, s, &WaterModel::PRANDTLESTX, [&](const backward::State& state, double p) {
+        const double rho = densityOf(*this, state, p);
+        return backward::onePhase(*this, backward::kIsobaricHeatCapacity, p, state) * DYNVISRT(rho, state.T) /
+               THERMCONDRT(rho, state.T);
+    });
+}
+
+// w^2 / (p v); region 3 has no pressure from its search and takes that of its state.
+double WaterModel::KHS(double h, double s) {
+    return evaluate(*this, h, s, &WaterModel::KSTX, [&](const backward::State& state, double p) {
+        const double speed = backward::onePhase(*this, backward::kSpeedOfSound, p, state);
+        const double pressure = state.area == 3 ? P3RT(state.rho, state.T) : p;
+        return speed * speed / (pressure * backward::volume(*this, p, state));
+    });
+}
+
+// Only area 4 has a dryness fraction, whatever the checks: the wet states left of the critical
+// entropy, which the selection calls region 1, are refused with the rest.
+double WaterModel::XHS(double h, double s) {
+    if (REGIONHS(h, s) != 4) throw kOutOfRange;
+    double T;
+    double x;
+    TXSHS(h, s, T, x);
+    return x;
+}
+
+}  // namespace tvl
