@@ -368,6 +368,34 @@ TVL_API double TVL_CALL tvlKEXPANSIONPTXPEFF(double p, double T, double x, doubl
 TVL_API double TVL_CALL tvlJOULETHOMPSONEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
 TVL_API double TVL_CALL tvlXEXPANSIONPTXPEFF(double p, double T, double x, double p2, double eff);
 
+/* ---- Metastable steam by (p,T) ---- */
+TVL_API double TVL_CALL tvlVMSPT(double p, double T);
+TVL_API double TVL_CALL tvlUMSPT(double p, double T);
+TVL_API double TVL_CALL tvlSMSPT(double p, double T);
+TVL_API double TVL_CALL tvlHMSPT(double p, double T);
+TVL_API double TVL_CALL tvlCPMSPT(double p, double T);
+TVL_API double TVL_CALL tvlCVMSPT(double p, double T);
+TVL_API double TVL_CALL tvlWMSPT(double p, double T);
+TVL_API double TVL_CALL tvlTHERMCONDMSPT(double p, double T);
+TVL_API double TVL_CALL tvlDYNVISMSPT(double p, double T);
+TVL_API double TVL_CALL tvlPRANDTLEMSPT(double p, double T);
+TVL_API double TVL_CALL tvlKINVISMSPT(double p, double T);
+TVL_API double TVL_CALL tvlKMSPT(double p, double T);
+TVL_API double TVL_CALL tvlJOULETHOMPSONMSPT(double p, double T);
+TVL_API double TVL_CALL tvlVUSHCVWDERPTMSPT(double p, double T, double* v, double* u, double* s, double* h, double* cv, double* w, double* dvdp, double* dudp, double* dsdp, double* dhdp, double* dvdT, double* dudT, double* dsdT, double* dhdT);
+
+/* ---- Density derivatives ---- */
+TVL_API double TVL_CALL tvlDDDPHPT(double p, double T);
+TVL_API double TVL_CALL tvlDDDHPPT(double p, double T);
+TVL_API double TVL_CALL tvlDDDPHPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlDDDHPPTX(double p, double T, double x);
+TVL_API double TVL_CALL tvlDDDPHPH(double p, double h);
+TVL_API double TVL_CALL tvlDDDHPPH(double p, double h);
+TVL_API double TVL_CALL tvlDDDPHSWT(double T);
+TVL_API double TVL_CALL tvlDDDHPSWT(double T);
+TVL_API double TVL_CALL tvlDDDPHSST(double T);
+TVL_API double TVL_CALL tvlDDDHPSST(double T);
+
 /* ---- Surface tension, dielectric constant, ionization constant, refractive index ---- */
 TVL_API double TVL_CALL tvlSURFTENT(double T);
 TVL_API double TVL_CALL tvlDCRT(double r, double T);

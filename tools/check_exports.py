@@ -1,16 +1,13 @@
 #!/usr/bin/env python3
 """Check the export table of built libraries against the list of exports.
 
-    python3 tools/check_exports.py [--strict] LIBRARY...
+    python3 tools/check_exports.py LIBRARY...
 
 LIBRARY is tavlib6.dll (read with objdump -p) or libtavlib6.so (read with nm -D). Each must
 export exactly the functions of src/exports/exports.txt, under their plain names (no
 leading underscore, no @N of __stdcall), and a DLL may import nothing but Windows' own
-libraries (no mingw runtime beside it). Every listed name must be one of the complete
-interface, tests/data/export_names.txt.
-
-Names of the complete interface that the list does not hold yet are reported. They fail the
-check only in strict mode: --strict, or TAVLIB6_STRICT_EXPORTS=1 in the environment.
+libraries (no mingw runtime beside it). The list must hold exactly the names of the
+complete interface, tests/data/export_names.txt, no more and no fewer.
 Exit status 0 when all is well, 1 otherwise. Standard library only.
 """
 import os
@@ -96,8 +93,7 @@ def check_library(path, listed):
 
 
 def main(argv):
-    strict = '--strict' in argv or os.environ.get('TAVLIB6_STRICT_EXPORTS', '') not in ('', '0')
-    libraries = [a for a in argv if a != '--strict']
+    libraries = argv
     listed = listed_names()
     interface = interface_names()
     failed = False
@@ -108,10 +104,9 @@ def main(argv):
         failed = True
     not_yet = [name for name in interface if name not in set(listed)]
     if not_yet:
-        print('%d of the %d exports of the interface are not listed yet%s' %
-              (len(not_yet), len(interface), ' (strict: failure)' if strict else ''))
+        print('%d of the %d exports of the interface are not listed' % (len(not_yet), len(interface)))
         print('  ' + ' '.join(not_yet))
-        failed = failed or strict
+        failed = True
 
     for path in libraries:
         problems, count = check_library(path, listed)

@@ -9,11 +9,6 @@ namespace tvl {
 
 namespace {
 
-void requirePressureEnthalpy(double p, double h) {
-    requireWithin(p, 0.0, kArgumentLimits.highestPressure);
-    requireWithin(h, kLowestEnthalpyPH, kHighestEnthalpy);
-}
-
 double propertyPH(PropertyFacade& lib, double (WaterModel::*model)(double, double), SolvedRange range, double p,
                   double h) {
     return searchedProperty(lib, requirePressureEnthalpy, model, range, p, h);

@@ -27,10 +27,13 @@ public:
 
 #include "frame/facade_methods.inc"
 
-    // Range validation of the (p,T) and (p,s) families (validators.cpp); each throws kOutOfRange.
+    // Range validation of the (p,T), (p,s) and metastable families (validators.cpp); each throws
+    // kOutOfRange.
     void ValidatePT(double p, double T);
     void ValidatePTResult(double p, double T);
     void ValidatePS(double p, double s);
+    // The metastable-vapour area, up to but not including 10 MPa.
+    void ValidateMetastablePT(double p, double T);
 
     std::int32_t lastError = kNoError;
     ModelSettings settings;

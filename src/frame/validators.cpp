@@ -1,5 +1,5 @@
-// The (p,T) range of the formulation, on arguments and on the state point a search reached, and
-// the (p,s) range of arguments.
+// The (p,T) range of the formulation, on arguments and on the state point a search reached, the
+// (p,s) range of arguments, and the area of metastable vapour.
 #include "frame/validators.h"
 
 #include "frame/property_facade.h"
@@ -39,6 +39,19 @@ void PropertyFacade::ValidatePS(double p, double s) {
     const double highest = p > kRegion5HighestPressure ? water.S2PT(p, kRegion25Temperature)
                                                        : water.S5PT(p, kHighestTemperature);
     if (s > highest * m) throw kOutOfRange;
+}
+
+// Metastable vapour lies below the saturation temperature, by at most the tolerance above it, and
+// down to 5 per cent equilibrium moisture, judged with the saturated enthalpies at the widened
+// temperature. The pressure tests are written so that a NaN fails.
+void PropertyFacade::ValidateMetastablePT(double p, double T) {
+    if (!(p >= 0.0) || !(p <= kMetastableHighestPressure)) throw kOutOfRange;
+    const double m = settings.margin();
+    const double widenedTemperature = water.TSP(p) * m;
+    if (T > widenedTemperature) throw kOutOfRange;
+    const double hWater = water.HSWT(widenedTemperature);
+    const double x = (water.HMSPT(p, T) - hWater) / (water.HSST(widenedTemperature) - hWater);
+    if (kMetastableLeastDryness * m > x) throw kOutOfRange;
 }
 
 }  // namespace tvl

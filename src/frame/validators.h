@@ -65,6 +65,16 @@ constexpr double kHighestEnthalpy = 7.4e6 * kOnePlusEps;
 constexpr double kLowestEntropyHS = -200.0 * kOnePlusEps;
 constexpr double kHighestEntropyHS = 31800.0 * kOnePlusEps;
 
+// p from 0 to 100 MPa, h from -50 to 7.4e6 J/kg.
+inline void requirePressureEnthalpy(double p, double h) {
+    requireWithin(p, 0.0, kArgumentLimits.highestPressure);
+    requireWithin(h, kLowestEnthalpyPH, kHighestEnthalpy);
+}
+
+// ---- Metastable vapour: 10 MPa itself is refused, as is a NaN pressure ----
+constexpr double kMetastableHighestPressure = 1e7 * kOneMinusEps;
+constexpr double kMetastableLeastDryness = 0.95;  // at most 5 per cent equilibrium moisture
+
 // ---- Transport: conductivity and viscosity ranges, on arguments and on solved states ----
 struct TransportLimits {
     double lowestTemperature;

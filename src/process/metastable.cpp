@@ -77,4 +77,22 @@ StateProperties WaterModel::VUSHCVWDERPTMSPT(double p, double T) {
     return gibbs::stateProperties(metastableAt<kAllGibbsTerms>(p, T), p, T, kPStar, kRTStar);
 }
 
+// Transport and derived properties at the density of the metastable equation, worked out for
+// each factor on its own.
+double WaterModel::THERMCONDMSPT(double p, double T) { return THERMCONDRT(1.0 / VMSPT(p, T), T); }
+
+double WaterModel::DYNVISMSPT(double p, double T) { return DYNVISRT(1.0 / VMSPT(p, T), T); }
+
+double WaterModel::PRANDTLEMSPT(double p, double T) {
+    return CPMSPT(p, T) * DYNVISMSPT(p, T) / THERMCONDMSPT(p, T);
+}
+
+double WaterModel::KINVISMSPT(double p, double T) { return DYNVISMSPT(p, T) * VMSPT(p, T); }
+
+// The local exponent of the isentrope p v^K = constant: w^2 / (p v).
+double WaterModel::KMSPT(double p, double T) {
+    const double w = WMSPT(p, T);
+    return w * w / (VMSPT(p, T) * p);
+}
+
 }  // namespace tvl

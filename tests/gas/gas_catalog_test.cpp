@@ -374,7 +374,9 @@ TEST(GasLifeCycle, CatalogueSurvivesManyBuildAndDeleteCycles) {
             ASSERT_TRUE(lib->gCPIDT(m, 700.0) > 0.0) << round << ", " << k;
         }
         for (std::int32_t id : ids) EXPECT_TRUE(std::isfinite(lib->gSIDT(id, 1200.0)) || lib->lastError == 12);
-        if (round % 2 == 0) EXPECT_EQ(lib->gDELETEGASES(), 13);
+        if (round % 2 == 0) {
+            EXPECT_EQ(lib->gDELETEGASES(), 13);
+        }
         if (round % 4 == 0) {
             lib->gNEWIDGS("AirMix:1;N2:1");
             lib->gDELETEGASES();

@@ -32,9 +32,15 @@ TEST_F(GasTest, PrintedValuesOfTheRows) {
     };
     for (auto c : cases) {
         const GasSpecies& gas = species(c.id);
-        if (c.cp != 0) EXPECT_TRUE(nearRelative(gas.specificHeat(c.T), c.cp, kPrinted)) << c.id << " cp at " << c.T;
-        if (c.h != 0) EXPECT_TRUE(nearRelative(gas.enthalpy(c.T), c.h, kPrinted)) << c.id << " h at " << c.T;
-        if (c.s != 0) EXPECT_TRUE(nearRelative(gas.entropy(c.T), c.s, kPrinted)) << c.id << " s at " << c.T;
+        if (c.cp != 0) {
+            EXPECT_TRUE(nearRelative(gas.specificHeat(c.T), c.cp, kPrinted)) << c.id << " cp at " << c.T;
+        }
+        if (c.h != 0) {
+            EXPECT_TRUE(nearRelative(gas.enthalpy(c.T), c.h, kPrinted)) << c.id << " h at " << c.T;
+        }
+        if (c.s != 0) {
+            EXPECT_TRUE(nearRelative(gas.entropy(c.T), c.s, kPrinted)) << c.id << " s at " << c.T;
+        }
     }
     EXPECT_DOUBLE_EQ(species(gastest::kN2).gasConstant, 296.8033869505308);
     EXPECT_DOUBLE_EQ(species(gastest::kN2).enthalpy(298.15), 8670.0 / 0.0280134);

@@ -16,6 +16,12 @@ class SymbolTest(unittest.TestCase):
         symbols = {line.split()[-1] for line in out.splitlines() if line.strip()}
         expected = {'tvl' + name for name, *_ in EXPORTS}
         self.assertEqual(symbols, expected)
+        # and the list is the complete interface of 376 functions
+        interface_file = os.path.join(os.path.dirname(__file__), '..', 'data', 'export_names.txt')
+        with open(interface_file, encoding='utf-8') as f:
+            interface = {line.strip() for line in f if line.strip() and not line.startswith('#')}
+        self.assertEqual(len(interface), 376)
+        self.assertEqual(symbols, interface)
 
 
 if __name__ == '__main__':

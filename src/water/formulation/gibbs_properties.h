@@ -47,6 +47,22 @@ inline double jouleThomson(const GibbsPoint& x, double T, double pStar) {
     return x.sums.gPiTau * T / (pStar * x.tau * x.sums.gTauTau);
 }
 
+// (d rho/dp) at constant h, kg/(m3 Pa); the reducing pressure cancels.
+inline double densityByPressureAtEnthalpy(const GibbsPoint& x, double T) {
+    const double a = x.sums.gPi, b = x.sums.gPiTau, c = x.sums.gPiPi, d = x.sums.gTauTau;
+    return -(b * a - b * x.tau * b + c * x.tau * d) / (T * R * x.tau * d * a * a);
+}
+
+// (d rho/dh) at constant p, kg2/(m3 J); RTstar is R times the reducing temperature.
+inline double densityByEnthalpyAtPressure(const GibbsPoint& x, double p, double RTstar) {
+    const double a = x.sums.gPi;
+    const double RTa = RTstar * a;
+    return ((a - x.tau * x.sums.gPiTau) * p) / (x.sums.gTauTau * (RTa * RTa) * x.pi);
+}
+
+// The sums both density derivatives need.
+constexpr unsigned kDensityDerivativeTerms = kGammaPi | kGammaPiPi | kGammaTauTau | kGammaPiTau;
+
 // The fourteen outputs of a combined call from all six sums of one pass.
 inline StateProperties stateProperties(const GibbsPoint& x, double p, double T, double pStar, double RTstar) {
     const double k = R / pStar;

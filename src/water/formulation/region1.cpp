@@ -96,6 +96,14 @@ double WaterModel::JOULETHOMPSON1PT(double p, double T) {
     return gibbs::jouleThomson(region1At<kGammaTauTau | kGammaPiTau>(p, T), T, kPStar);
 }
 
+double WaterModel::DDDPH1(double p, double T) {
+    return gibbs::densityByPressureAtEnthalpy(region1At<gibbs::kDensityDerivativeTerms>(p, T), T);
+}
+
+double WaterModel::DDDHP1(double p, double T) {
+    return gibbs::densityByEnthalpyAtPressure(region1At<gibbs::kDensityDerivativeTerms>(p, T), p, kRegion1RT);
+}
+
 StateProperties WaterModel::VUSHCVWDERPT1PT(double p, double T) {
     return gibbs::stateProperties(region1At<kAllGibbsTerms>(p, T), p, T, kPStar, kRegion1RT);
 }

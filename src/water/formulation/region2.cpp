@@ -63,6 +63,16 @@ double WaterModel::JOULETHOMPSON2PT(double p, double T) {
     return gibbs::jouleThomson(region2::pointAt<kGammaTauTau | kGammaPiTau>(xPowers, yPowers, p, T), T, kPressure);
 }
 
+double WaterModel::DDDPH2(double p, double T) {
+    return gibbs::densityByPressureAtEnthalpy(region2::pointAt<gibbs::kDensityDerivativeTerms>(xPowers, yPowers, p, T),
+                                              T);
+}
+
+double WaterModel::DDDHP2(double p, double T) {
+    return gibbs::densityByEnthalpyAtPressure(region2::pointAt<gibbs::kDensityDerivativeTerms>(xPowers, yPowers, p, T),
+                                              p, kRT);
+}
+
 StateProperties WaterModel::VUSHCVWDERPT2PT(double p, double T) {
     return gibbs::stateProperties(region2::pointAt<kAllGibbsTerms>(xPowers, yPowers, p, T), p, T, kPressure, kRT);
 }

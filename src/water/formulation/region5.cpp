@@ -112,6 +112,15 @@ double WaterModel::JOULETHOMPSON5PT(double p, double T) {
     return numerator * T / (kPressure * tau * (residualCurvature + ideal.gTauTau));
 }
 
+double WaterModel::DDDPH5(double p, double T) {
+    return gibbs::densityByPressureAtEnthalpy(region5At<gibbs::kDensityDerivativeTerms>(xPowers, yPowers, p, T), T);
+}
+
+double WaterModel::DDDHP5(double p, double T) {
+    return gibbs::densityByEnthalpyAtPressure(region5At<gibbs::kDensityDerivativeTerms>(xPowers, yPowers, p, T), p,
+                                              kRT);
+}
+
 StateProperties WaterModel::VUSHCVWDERPT5PT(double p, double T) {
     return gibbs::stateProperties(region5At<kAllGibbsTerms>(xPowers, yPowers, p, T), p, T, kPressure, kRT);
 }

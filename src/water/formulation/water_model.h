@@ -427,7 +427,28 @@ public:
     double PMELTIT(double T) const;
     double PSUBT(double T) const;
 
-    // ---- Density derivatives (density_derivatives.cpp) ----
+    // ---- Density derivatives (density_derivatives.cpp; the closed forms in the region files) ----
+    // DDDPH is (d rho/dp) at constant h, DDDHP (d rho/dh) at constant p. Region 3 has no form:
+    // DDDPH3 serves both and ends in kNotImplemented once the state is found.
+    double DDDPH1(double p, double T);
+    double DDDHP1(double p, double T);
+    double DDDPH2(double p, double T);
+    double DDDHP2(double p, double T);
+    double DDDPH5(double p, double T);
+    double DDDHP5(double p, double T);
+    [[noreturn]] double DDDPH3(double p, double T);
+    double DDDPHTX(double T, double x);
+    double DDDHPTX(double T, double x);
+    double DDDPHPT(double p, double T);
+    double DDDHPPT(double p, double T);
+    double DDDPHPTX(double p, double T, double x);
+    double DDDHPPTX(double p, double T, double x);
+    double DDDPHPH(double p, double h);
+    double DDDHPPH(double p, double h);
+    double DDDPHSWT(double T);
+    double DDDHPSWT(double T);
+    double DDDPHSST(double T);
+    double DDDHPSST(double T);
 
     // ---- Metastable steam (process/metastable.cpp) ----
     double VMSPT(double p, double T);
@@ -439,6 +460,11 @@ public:
     double WMSPT(double p, double T);
     double JOULETHOMPSONMSPT(double p, double T);
     StateProperties VUSHCVWDERPTMSPT(double p, double T);
+    double THERMCONDMSPT(double p, double T);
+    double DYNVISMSPT(double p, double T);
+    double PRANDTLEMSPT(double p, double T);
+    double KINVISMSPT(double p, double T);
+    double KMSPT(double p, double T);
 
     const ModelSettings& settings;
     SolvedState& solved;
