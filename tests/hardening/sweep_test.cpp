@@ -244,6 +244,9 @@ TEST_F(Sweep, EveryExportUnderHostileArgumentsAndSettings) {
                 callAndCheck(e, a, s, tally);
             }
         }
+        if (longMode)
+            std::printf("settings %d %d %d %g: %ld calls so far, %zu faults\n", s.checkRange, s.toleranceMode,
+                        s.maxIterations, s.tolerance, tally.calls, tally.faults.size()), std::fflush(stdout);
     }
     report(tally);
 }
