@@ -76,6 +76,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     // Clearing on every input would make the run rebuild the catalogue's tables; a bound keeps
     // the catalogue small instead.
-    if (tvlgGASESCOUNT() > 400) tvlgDELETEGASES();
+    if (tvlgGASESCOUNT() > 64) tvlgDELETEGASES();
     return 0;
 }
