@@ -59,7 +59,7 @@ fuzz:
 	@test -f $(FUZZ_BUILD)/CMakeCache.txt || CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVLIB6_FUZZ=ON -DTAVLIB6_SANITIZE=ON -DTAVLIB6_TESTS=OFF
 	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
 	@for t in $(FUZZ_TARGETS); do \
-	  mkdir -p $(FUZZ_BUILD)/corpus/$$t && cp -n fuzz/corpus/$$t/* $(FUZZ_BUILD)/corpus/$$t/ ; \
+	  mkdir -p $(FUZZ_BUILD)/corpus/$$t && (cp -n fuzz/corpus/$$t/* $(FUZZ_BUILD)/corpus/$$t/ 2>/dev/null || true); \
 	  echo "fuzzing $$t for $(FUZZ_SECONDS) s"; \
 	  (cd $(FUZZ_BUILD) && LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp ./fuzz_$$t -max_total_time=$(FUZZ_SECONDS) -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 corpus/$$t) || exit 1; \
 	done
