@@ -10,7 +10,7 @@ WIN32_BUILD ?= build-win32
 MINGW_PACKAGES = g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64
 WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
 
-.PHONY: all configure run test install bench sanitize clean windows windows-test
+.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test
 
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
@@ -46,6 +46,31 @@ sanitize:
 	cmake --build $(SANITIZE_BUILD) -j $(JOBS)
 	cd $(SANITIZE_BUILD) && ctest -j $(JOBS) --output-on-failure
 
+# libFuzzer targets built with clang under ASan+UBSan, each run for FUZZ_SECONDS on a copy of
+# its seed corpus (fuzz/corpus/<target>); crashers land in build-fuzz/ and belong in
+# fuzz/regressions/<target>-<name>, which ctest replays.
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
+FUZZ_TARGETS = text numeric
+FUZZ_PACKAGES = clang libclang-rt-14-dev
+
+fuzz:
+	-@sh tools/install_packages.sh $(FUZZ_PACKAGES)
+	@test -f $(FUZZ_BUILD)/CMakeCache.txt || CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVLIB6_FUZZ=ON -DTAVLIB6_SANITIZE=ON -DTAVLIB6_TESTS=OFF
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
+	@for t in $(FUZZ_TARGETS); do \
+	  mkdir -p $(FUZZ_BUILD)/corpus/$$t && (cp -n fuzz/corpus/$$t/* $(FUZZ_BUILD)/corpus/$$t/ 2>/dev/null || true); \
+	  echo "fuzzing $$t for $(FUZZ_SECONDS) s"; \
+	  (cd $(FUZZ_BUILD) && LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp ./fuzz_$$t -max_total_time=$(FUZZ_SECONDS) -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 corpus/$$t) || exit 1; \
+	done
+
+# The thread test under ThreadSanitizer.
+TSAN_BUILD ?= build-tsan
+tsan:
+	@test -f $(TSAN_BUILD)/CMakeCache.txt || cmake -S . -B $(TSAN_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVLIB6_TSAN=ON
+	cmake --build $(TSAN_BUILD) -j $(JOBS) --target test_threads
+	cd $(TSAN_BUILD) && ctest --output-on-failure -R Threads
+
 # tavlib6.dll for 64-bit and 32-bit Windows, cross-compiled with mingw-w64, and a check that
 # each exports exactly the listed functions under their plain names.
 windows:
@@ -64,4 +89,4 @@ windows-test: windows configure
 	bash tools/windows/wine_test.sh $(BUILD) $(WIN64_BUILD)
 
 clean:
-	rm -rf $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)
+	rm -rf $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(TSAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)

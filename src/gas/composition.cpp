@@ -2,7 +2,6 @@
 #include "gas/composition.h"
 
 #include <algorithm>
-#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -58,7 +57,7 @@ std::string_view nextItem(std::string_view text, std::ptrdiff_t& position) {
 double parseAmountNumber(std::string_view number) {
     if (number.empty()) throw kSyntaxError;
     std::string copy(number);
-    const char point = *std::localeconv()->decimal_point;
+    const char point = hostDecimalPoint();
     for (char& c : copy) {
         if (c == ',' || c == '.') c = point;
     }

@@ -1,7 +1,6 @@
 // The text of a species in the library's own form: the built-in gases in the order of their
 // ids, each with its volume fraction, as in "N2:0.7803;O2:0.2099;CO2:0.0003;Ar:0.0094;H2:0.0001;".
 // Nested mixtures are flattened onto the 13 rows; "Air" and "N2Air" count as rows.
-#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -9,6 +8,7 @@
 
 #include "frame/error_codes.h"
 #include "gas/gas_catalog.h"
+#include "gas/gas_text.h"
 
 namespace tvl {
 
@@ -23,7 +23,7 @@ void appendFraction(std::string& text, double x) {
     }
     char digits[40];
     std::snprintf(digits, sizeof digits, "%.15g", x);
-    const char point = *std::localeconv()->decimal_point;
+    const char point = hostDecimalPoint();
     for (char* c = digits; *c != '\0'; ++c)
         if (*c == point) *c = '.';
     text += digits;

@@ -6,8 +6,23 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#ifdef _WIN32
+#include <clocale>
+#else
+#include <langinfo.h>
+#endif
 
 namespace tvl {
+
+// The decimal point of the C locale the host set. localeconv fills one static structure for the
+// whole process, a race between objects used on several threads; nl_langinfo only reads.
+inline char hostDecimalPoint() {
+#ifdef _WIN32
+    return *std::localeconv()->decimal_point;
+#else
+    return *nl_langinfo(RADIXCHAR);
+#endif
+}
 
 inline char upperAscii(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 
