@@ -36,3 +36,30 @@ TEST_F(FacadeTest, SaturationBucketsDecideLikeTheComparison) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(FacadeTest, SaturatedWaterEnthalpyBucketsDecideLikeTheComparison) {
+    std::mt19937_64 random(11);
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    const double lowLog = std::log(tvl::kLowestSaturationPressure);
+    const double highLog = std::nextafter(std::log(tvl::kP623), 0.0);
+    int disagreements = 0;
+    for (int n = 0; n < 100000; ++n) {
+        double p = std::exp(lowLog + (highLog - lowLog) * unit(random));
+        if (n % 1000 == 0) p = tvl::kLowestSaturationPressure;
+        const double Ts = water.TSP(p);
+        const double hs = water.H1PT(p, Ts);
+        double h;
+        switch (n % 4) {
+        case 0: h = hs; break;
+        case 1: h = std::nextafter(hs, 1e9); break;
+        case 2: h = hs + (unit(random) - 0.5) * 1e-2; break;
+        default: h = 1.7e6 * unit(random); break;
+        }
+        if (water.atOrBelowSaturatedWaterEnthalpy(p, Ts, h) != (hs >= h)) ++disagreements;
+    }
+    EXPECT_EQ(disagreements, 0);
+}
+
+}  // namespace

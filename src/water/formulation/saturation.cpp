@@ -54,6 +54,7 @@ public:
     // Whether mT >= TSP(p) for p in [kLowestSaturationPressure, kP623].
     bool atOrAbove(double p, double mT) const {
         const uint64_t k = key(p) - first;
+        if (k >= kCount) return mT >= saturationTemperature(p);  // outside the table
         if (mT >= edges[k + 1] + kWidening) return true;
         if (mT < edges[k] - kWidening) return false;
         return mT >= saturationTemperature(p);
