@@ -18,7 +18,7 @@ int WaterModel::REGIONPT(double p, double T) const {
     if (T >= kB23UpperTemperature) return 2;
     if (p <= kP623) {
         if (p < kLowestSaturationPressure) return 2;
-        return m * T >= TSP(p) ? 2 : 1;
+        return atOrAboveSaturationTemperature(p, m * T) ? 2 : 1;
     }
     if (T <= kRegion13Temperature) return 1;
     return T23P(p) > m * T ? 3 : 2;

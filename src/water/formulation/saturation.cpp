@@ -2,6 +2,8 @@
 // slope dp/dT in closed form, and the rough saturated densities that start the region 3
 // density search on the line. Closed-form arithmetic only, no state, no clamping.
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 #include "water/formulation/constants.h"
 #include "water/formulation/tables/saturation_coefficients.h"
@@ -15,6 +17,55 @@ constexpr const double* n = kRegion4;  // n[0] is n1 of the release
 constexpr double kThetaShift = 0.23855557567849;    // minus n9
 constexpr double kThetaPole = 650.17534844798;      // n10
 
+double saturationTemperature(double p) {
+    // beta by two square roots, never a general power
+    const double betaSquared = std::sqrt(p / 1e6);
+    const double beta = std::sqrt(betaSquared);
+    const double E = betaSquared + n[2] * beta + n[5];
+    const double F = n[0] * betaSquared + n[3] * beta + n[6];
+    const double G = n[1] * betaSquared + n[4] * beta + n[7];
+    const double D = 2.0 * G / (-F - std::sqrt(F * F - 4.0 * E * G));
+    const double sum = n[9] + D;
+    return (sum - std::sqrt(sum * sum - 4.0 * (n[9] * D - kThetaShift))) * 0.5;
+}
+
+// Bounds of TSP between pressures whose bits share their top 16 (sign, exponent and four
+// mantissa bits): TSP rises with p, so within a bucket it lies between the values at the
+// bucket's ends, widened by far more than the rounding of the closed form.
+class SaturationTemperatureBuckets {
+public:
+    static constexpr double kWidening = 1e-6;  // K
+
+    SaturationTemperatureBuckets() {
+        for (int k = 0; k <= kCount; ++k) {
+            const uint64_t bits = (first + static_cast<uint64_t>(k)) << 48;
+            double p;
+            std::memcpy(&p, &bits, sizeof p);
+            edges[k] = saturationTemperature(p);
+        }
+    }
+
+    static uint64_t key(double p) {
+        uint64_t bits;
+        std::memcpy(&bits, &p, sizeof bits);
+        return bits >> 48;
+    }
+
+    // Whether mT >= TSP(p) for p in [kLowestSaturationPressure, kP623].
+    bool atOrAbove(double p, double mT) const {
+        const uint64_t k = key(p) - first;
+        if (k >= kCount) return mT >= saturationTemperature(p);  // outside the table
+        if (mT >= edges[k + 1] + kWidening) return true;
+        if (mT < edges[k] - kWidening) return false;
+        return mT >= saturationTemperature(p);
+    }
+
+private:
+    uint64_t first = key(kLowestSaturationPressure);
+    static constexpr int kCount = 16 * 16;  // covers up to kP623, about 15 octaves above
+    double edges[kCount + 1];
+};
+
 }  // namespace
 
 double WaterModel::PST(double T) const {
@@ -27,16 +78,11 @@ double WaterModel::PST(double T) const {
     return q2 * q2 * 1e6;
 }
 
-double WaterModel::TSP(double p) const {
-    // beta by two square roots, never a general power
-    const double betaSquared = std::sqrt(p / 1e6);
-    const double beta = std::sqrt(betaSquared);
-    const double E = betaSquared + n[2] * beta + n[5];
-    const double F = n[0] * betaSquared + n[3] * beta + n[6];
-    const double G = n[1] * betaSquared + n[4] * beta + n[7];
-    const double D = 2.0 * G / (-F - std::sqrt(F * F - 4.0 * E * G));
-    const double sum = n[9] + D;
-    return (sum - std::sqrt(sum * sum - 4.0 * (n[9] * D - kThetaShift))) * 0.5;
+double WaterModel::TSP(double p) const { return saturationTemperature(p); }
+
+bool WaterModel::atOrAboveSaturationTemperature(double p, double mT) const {
+    static const SaturationTemperatureBuckets buckets;  // filled on first use, whatever the load order
+    return buckets.atOrAbove(p, mT);
 }
 
 double WaterModel::DPDTST(double T) const {

@@ -53,6 +53,12 @@ public:
     // ---- Saturation line (saturation.cpp) ----
     double PST(double T) const;
     double TSP(double p) const;
+    // Whether mT >= TSP(p), for p from the lowest saturation pressure to B23 at 623.15 K: the
+    // same answer as the comparison, with TSP evaluated only when mT lies near the line.
+    bool atOrAboveSaturationTemperature(double p, double mT) const;
+    // Whether H1PT(p, Ts) >= h with Ts = TSP(p), for p from the lowest saturation pressure to
+    // B23 at 623.15 K: the same answer, with H1PT evaluated only when h lies near the line.
+    bool atOrBelowSaturatedWaterEnthalpy(double p, double Ts, double h);
     double DPDTST(double T) const;
     double ROUGHRSWT(double T) const;
     double ROUGHRSST(double T) const;
