@@ -15,21 +15,11 @@ using tvl::kOnePlusEps;
 using tvl::PropertyFacade;
 using tvltest::nearRelative;
 
-double up(double x) { return std::nextafter(x, INFINITY); }
-double down(double x) { return std::nextafter(x, -INFINITY); }
-
-// Member calls through a plain reference: GCC 12's vptr check misreads lib.* on the fixture.
-template <class Member, class... Args>
-auto call(PropertyFacade& facade, Member member, Args... args) {
-    return (facade.*member)(args...);
-}
-
-using PairFunction = double (PropertyFacade::*)(double, double) noexcept;
-
-struct NamedExport {
-    const char* name;
-    PairFunction f;
-};
+using tvltest::call;
+using tvltest::down;
+using tvltest::NamedExport;
+using tvltest::PairFunction;
+using tvltest::up;
 
 const NamedExport kPressureEnthalpy[] = {
     {"TPH", &PropertyFacade::TPH},

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 
 #include "frame/property_facade.h"
@@ -27,6 +28,24 @@ inline ::testing::AssertionResult nearRelative(double a, double b, double relati
                                          << (b != 0 ? std::fabs(a - b) / std::fabs(b) : std::fabs(a - b))
                                          << " relative, more than " << relative;
 }
+
+// One rounding unit up and down.
+inline double up(double x) { return std::nextafter(x, INFINITY); }
+inline double down(double x) { return std::nextafter(x, -INFINITY); }
+
+// Member calls through a plain reference: GCC 12's vptr check misreads lib.* on the fixture.
+template <class Member, class... Args>
+auto call(tvl::PropertyFacade& facade, Member member, Args... args) {
+    return (facade.*member)(args...);
+}
+
+// A property export of two arguments, with its name for the messages.
+using PairFunction = double (tvl::PropertyFacade::*)(double, double) noexcept;
+
+struct NamedExport {
+    const char* name;
+    PairFunction f;
+};
 
 }  // namespace tvltest
 
