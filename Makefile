@@ -64,12 +64,12 @@ fuzz:
 	  (cd $(FUZZ_BUILD) && LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp ./fuzz_$$t -max_total_time=$(FUZZ_SECONDS) -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 corpus/$$t) || exit 1; \
 	done
 
-# The thread test under ThreadSanitizer.
+# The thread test and the batch library's threads under ThreadSanitizer.
 TSAN_BUILD ?= build-tsan
 tsan:
 	@test -f $(TSAN_BUILD)/CMakeCache.txt || cmake -S . -B $(TSAN_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVLIB6_TSAN=ON
-	cmake --build $(TSAN_BUILD) -j $(JOBS) --target test_threads
-	cd $(TSAN_BUILD) && ctest --output-on-failure -R Threads
+	cmake --build $(TSAN_BUILD) -j $(JOBS) --target test_threads test_batch
+	cd $(TSAN_BUILD) && ctest --output-on-failure -R 'Threads|Batch'
 
 # tavlib6.dll for 64-bit and 32-bit Windows, cross-compiled with mingw-w64, and a check that
 # each exports exactly the listed functions under their plain names.

@@ -1,13 +1,25 @@
 // Batch evaluation: one export called once per element of arrays of inputs, each call with its
 // own frame, its code read back at once. The export is looked up by name in the table that the
 // tvl command uses, so every export of the list is reachable without a hand-kept list.
+//
+// A large batch of a water export is cut into one contiguous slice per thread; each thread
+// calls the export's method on a PropertyFacade of its own, set up with the library object's
+// settings, so the slices share nothing and every element gets the bits of a plain call.
 #include "tavlib6x.h"
 
+#include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstring>
+#include <memory>
 #include <strings.h>
+#if !defined(_WIN32)
+#include <thread>
+#endif
+#include <vector>
 
 #include "export_table.h"
+#include "frame/property_facade.h"
 
 namespace {
 
@@ -78,7 +90,141 @@ double valueOf(const CallResult& result) {
     return result.kind == CallResult::kInteger ? static_cast<double>(result.integer) : result.number;
 }
 
+// The exports a thread may call on a PropertyFacade of its own.
+struct FacadeEntry {
+    const char* name;
+    CallResult (*call)(tvl::PropertyFacade&, CallArgs&);
+};
+
+const FacadeEntry kFacadeCalls[] = {
+#include "facade_table.inc"
+};
+
+const FacadeEntry* findFacadeCall(const char* name) {
+    for (const FacadeEntry& entry : kFacadeCalls)
+        if (std::strcmp(entry.name, name) == 0) return &entry;
+    return nullptr;
+}
+
+// Below this many points per thread, starting a thread and building its model object cost more
+// than the thread saves.
+constexpr std::int64_t kPointsPerThread = 4096;
+constexpr int kMostThreads = 64;
+std::atomic<int> requestedThreads{0};
+
+int threadsFor(std::int64_t count) {
+#if defined(_WIN32)
+    (void)count;
+    return 1;
+#else
+    int threads = requestedThreads.load(std::memory_order_relaxed);
+    if (threads <= 0) threads = static_cast<int>(std::min(std::thread::hardware_concurrency(), 16u));
+    const std::int64_t useful = count / kPointsPerThread;
+    return static_cast<int>(std::max<std::int64_t>(1, std::min<std::int64_t>(threads, useful)));
+#endif
+}
+
+// What one call of the batch shares with every slice of it.
+struct Job {
+    const ExportEntry* entry;
+    const FacadeEntry* facadeCall;  // null: the library object's exports, on one thread
+    Layout layout;
+    const double* const* inputs;
+    const int64_t* strides;
+    const char* const* texts;
+    double* results;
+    double* const* outputs;
+    int32_t* errors;
+};
+
+// Evaluates the points [first, last): through the exports, or through `facade` when the job
+// has a facade call. Returns the number that failed, or -1 when the result is a text.
+int64_t evaluateSlice(const Job& job, std::int64_t first, std::int64_t last, tvl::PropertyFacade* facade) {
+    const Layout& layout = job.layout;
+    CallArgs args;
+    for (int k = 0; k < layout.count; ++k)
+        if (layout.kind[k] == 's') args.texts[layout.slot[k]] = job.texts[layout.slot[k]];
+
+    int64_t failed = 0;
+    for (int64_t element = first; element < last; ++element) {
+        bool accepted = true;
+        for (int k = 0; k < layout.count; ++k) {
+            const int j = layout.input[k];
+            if (j < 0) continue;
+            const double value = job.inputs[j][element * job.strides[j]];
+            if (layout.kind[k] == 'd')
+                args.numbers[layout.slot[k]] = value;
+            else
+                accepted = accepted && toInteger(value, args.integers[layout.slot[k]]);
+        }
+        int32_t code = kBadParameters;
+        double value = -1.0;
+        if (accepted) {
+            const CallResult result = facade ? job.facadeCall->call(*facade, args) : job.entry->call(args);
+            // A text result has no place in an array of numbers; the table does not say which
+            // exports give texts, so the first call tells.
+            if (result.kind == CallResult::kText || result.kind == CallResult::kWideText) return -1;
+            value = valueOf(result);
+            code = facade ? facade->lastError : tvlGETLASTERROR();
+        }
+        job.results[element] = value;
+        for (int j = 0; j < layout.outputs; ++j)
+            if (job.outputs[j] != nullptr) job.outputs[j][element] = accepted ? args.outputs[j] : -1.0;
+        if (job.errors != nullptr) job.errors[element] = code;
+        if (code != 0) ++failed;
+    }
+    return failed;
+}
+
+#if !defined(_WIN32)
+// The slices on `threads` threads (this one among them), each with a model object carrying the
+// library object's settings. Returns the failures, or -1 if no model object could be made.
+int64_t evaluateOnThreads(const Job& job, std::int64_t count, int threads) {
+    tvl::ModelSettings settings;
+    settings.maxIterations = tvlGETMAXITERATION();
+    settings.tolerance = tvlGETTOLERANCE();
+    settings.checkRangeMode = tvlGETCHECKRANGEMODE();
+    settings.toleranceMode = tvlGETTOLERANCEMODE();
+
+    std::vector<std::unique_ptr<tvl::PropertyFacade>> facades;
+    std::vector<int64_t> failed(static_cast<std::size_t>(threads), 0);
+    std::vector<std::thread> workers;
+    try {
+        for (int t = 0; t < threads; ++t) {
+            facades.push_back(std::make_unique<tvl::PropertyFacade>());
+            facades.back()->settings = settings;
+        }
+    } catch (...) {
+        return -1;
+    }
+    const auto slice = [&](int t) {
+        const std::int64_t first = count * t / threads, last = count * (t + 1) / threads;
+        failed[static_cast<std::size_t>(t)] = evaluateSlice(job, first, last, facades[static_cast<std::size_t>(t)].get());
+    };
+    for (int t = 1; t < threads; ++t) {
+        try {
+            workers.emplace_back(slice, t);
+        } catch (...) {
+            slice(t);  // no thread to be had: this one takes the slice
+        }
+    }
+    slice(0);
+    for (std::thread& worker : workers) worker.join();
+
+    int64_t total = 0;
+    for (int64_t f : failed) total += f;
+    // The library object reports the last point's code, as after the calls one by one.
+    tvlSETLASTERROR(job.errors != nullptr ? job.errors[count - 1] : facades.back()->lastError);
+    return total;
+}
+#endif
+
 }  // namespace
+
+extern "C" TVLX_API int32_t tvlxSETTHREADS(int32_t threads) {
+    requestedThreads.store(std::clamp<int32_t>(threads, 0, kMostThreads), std::memory_order_relaxed);
+    return requestedThreads.load(std::memory_order_relaxed);
+}
 
 extern "C" TVLX_API int32_t tvlxCANEVALUATE(const char* name) {
     return findBatchable(name) != nullptr ? 1 : 0;
@@ -96,37 +242,13 @@ extern "C" TVLX_API int64_t tvlxEVALUATE(const char* name, int64_t count, const 
         (layout.outputs > 0 && outputs == nullptr))
         return -1;
 
-    CallArgs args;
-    for (int k = 0; k < layout.count; ++k)
-        if (layout.kind[k] == 's') args.texts[layout.slot[k]] = texts[layout.slot[k]];
-
-    int64_t failed = 0;
-    for (int64_t element = 0; element < count; ++element) {
-        bool accepted = true;
-        for (int k = 0; k < layout.count; ++k) {
-            const int j = layout.input[k];
-            if (j < 0) continue;
-            const double value = inputs[j][element * strides[j]];
-            if (layout.kind[k] == 'd')
-                args.numbers[layout.slot[k]] = value;
-            else
-                accepted = accepted && toInteger(value, args.integers[layout.slot[k]]);
-        }
-        int32_t code = kBadParameters;
-        double value = -1.0;
-        if (accepted) {
-            const CallResult result = entry->call(args);
-            // A text result has no place in an array of numbers; the table does not say which
-            // exports give texts, so the first call tells.
-            if (result.kind == CallResult::kText || result.kind == CallResult::kWideText) return -1;
-            value = valueOf(result);
-            code = tvlGETLASTERROR();
-        }
-        results[element] = value;
-        for (int j = 0; j < layout.outputs; ++j)
-            if (outputs[j] != nullptr) outputs[j][element] = accepted ? args.outputs[j] : -1.0;
-        if (errors != nullptr) errors[element] = code;
-        if (code != 0) ++failed;
+    const Job job{entry, findFacadeCall(entry->name), layout, inputs, strides, texts, results, outputs, errors};
+#if !defined(_WIN32)
+    const int threads = threadsFor(count);
+    if (job.facadeCall != nullptr && threads > 1) {
+        const int64_t failed = evaluateOnThreads(job, count, threads);
+        if (failed >= 0) return failed;
     }
-    return failed;
+#endif
+    return evaluateSlice(job, 0, count, nullptr);
 }

@@ -5,6 +5,12 @@
  * element. Each element is one ordinary call of the export with its own frame: the code that
  * tvlGETLASTERROR() reports right after it is written to errors[k], and results[k] holds the
  * export's value, the failure value -1.0 where the call failed.
+ *
+ * A batch of a water export with at least 8192 points is cut into slices evaluated on threads,
+ * one model object per thread set up with the library's settings (tolerance, toleranceMode,
+ * checkRangeMode, maxIterations) at the start of the batch; the values and codes are those of
+ * the calls one by one, bit for bit. Gas exports and the settings run on the calling thread.
+ * Like the plain exports, a batch needs one calling thread at a time.
  */
 #ifndef TAVLIB6X_H
 #define TAVLIB6X_H
@@ -50,6 +56,11 @@ TVLX_API int64_t tvlxEVALUATE(const char* name, int64_t count, const double* con
 
 /* 1 if tvlxEVALUATE takes the arguments of the export `name`, 0 if not. */
 TVLX_API int32_t tvlxCANEVALUATE(const char* name);
+
+/* The number of threads a large batch may use: 1 keeps every batch on the calling thread,
+ * 0 (the start value) takes the processor count, up to 16. Values above 64 count as 64 and
+ * negative ones as 0. Returns the value now in force. */
+TVLX_API int32_t tvlxSETTHREADS(int32_t threads);
 
 #ifdef __cplusplus
 }

@@ -184,6 +184,40 @@ def cli_table(families):
     return '\n'.join(out)
 
 
+# The families whose exports touch nothing but the water model and the settings: a batch may
+# spread them over threads, each thread with a PropertyFacade of its own.
+THREADABLE_FAMILIES = ('saturation_line', 'region1', 'boundaries', 'region2', 'region3', 'region5',
+                       'region3_backward', 'pt_dispatch', 'combined', 'saturation', 'two_phase', 'transport',
+                       'ph_dispatch', 'ps_dispatch', 'hs_dispatch', 'expansion', 'metastable',
+                       'density_derivatives', 'auxiliary', 'ice')
+
+
+def facade_table(families):
+    out = ['// ' + NOTICE, '// name, call on a PropertyFacade of its own: the exports that a batch may spread over threads.']
+    for family in families:
+        if family.stem not in THREADABLE_FAMILIES:
+            continue
+        for e in family.exports:
+            counters = {}
+            args = []
+            for t, _ in e.params:
+                if t == 'out14':
+                    first = counters.get('o', 0)
+                    counters['o'] = first + 14
+                    args.append('tvl::OutputCells{{%s}}' % ', '.join('&a.outputs[%d]' % (first + k) for k in range(14)))
+                    continue
+                code = CLI_CODE[t]
+                k = counters.get(code, 0)
+                counters[code] = k + 1
+                slot = {'d': 'a.numbers', 'i': 'a.integers', 'o': 'a.outputs'}[code]
+                args.append(('&%s[%d]' if code == 'o' else '%s[%d]') % (slot, k))
+            wrap = {'double': 'CallResult::fromNumber', 'int32': 'CallResult::fromInteger'}[e.result]
+            out.append('{"%s", [](tvl::PropertyFacade& f, CallArgs& a) { (void)a; return %s(f.%s(%s)); }},'
+                       % (e.name, wrap, e.name, ', '.join(args)))
+    out.append('')
+    return '\n'.join(out)
+
+
 def python_table(families):
     out = ['# ' + NOTICE, '"""Signatures of the exports: (name without prefix, result, ((type, argument), ...), family)."""', '',
            'EXPORTS = (']
@@ -219,6 +253,7 @@ def outputs():
         os.path.join('src', 'frame', 'facade_methods.inc'): facade_methods(families),
         os.path.join('src', 'frame', 'internal_object_methods.inc'): internal_object_methods(families),
         os.path.join('tools', 'tvl', 'export_table.inc'): cli_table(families),
+        os.path.join('batch', 'facade_table.inc'): facade_table(families),
         os.path.join('python', 'tavlib6', '_exports.py'): python_table(families),
         os.path.join('src', 'exports', 'tavlib6.def'): module_definition(families, decorated=False),
         os.path.join('src', 'exports', 'tavlib6_x86.def'): module_definition(families, decorated=True),

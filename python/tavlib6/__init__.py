@@ -11,7 +11,9 @@ Arrays: when numpy is importable, every function whose arguments are numbers als
 (or lists, or numpy scalars) for them, broadcast against each other, and returns arrays of the
 broadcast shape: ``tavlib6.HPT(np.array([1e5, 1e6, 1e7]), 700.0)``. The batch library
 libtavlib6x beside libtavlib6 evaluates the whole array in one call, element by element with
-the frame of a plain call. What a failing element does is chosen by the keyword ``errors``:
+the frame of a plain call; a large array of a water function is shared among threads, one
+per processor (``tavlib6.set_threads(n)`` changes that, 1 keeps it on the calling thread), with
+the same values as the calls one by one. What a failing element does is chosen by the keyword ``errors``:
 
 * ``errors="raise"`` (the default): raise ``TavlibError`` for the first failing element; its
   ``index`` is that element's index and ``codes`` the array of every element's error code.
@@ -30,7 +32,7 @@ import os
 
 from ._exports import EXPORTS
 
-__all__ = ['TavlibError', 'raw', 'library_path', 'arrays_available', 'Water'] + [name for name, *_ in EXPORTS]
+__all__ = ['TavlibError', 'raw', 'library_path', 'arrays_available', 'set_threads', 'Water'] + [name for name, *_ in EXPORTS]
 
 _CTYPE = {
     'double': ctypes.c_double, 'int32': ctypes.c_int32, 'text': ctypes.c_char_p,
@@ -110,6 +112,13 @@ except ImportError:
     _arrays = _batch = None
 # True when array arguments are taken: numpy is importable and libtavlib6x was found.
 arrays_available = _batch is not None
+
+
+def set_threads(threads):
+    """How many threads an array call of a water function may use: 1 keeps it on the calling
+    thread, 0 (the start value) one per processor, up to 16. Returns the value now in force,
+    or None when arrays are not available."""
+    return _batch.tvlxSETTHREADS(int(threads)) if _batch is not None else None
 
 
 def _declare(name, result, params):

@@ -1,8 +1,8 @@
 """Array evaluation of the exports through libtavlib6x, used when numpy is importable.
 
 Every input is broadcast against the others; the batch library then calls the export once per
-element, each call with its own frame, and hands back the values and the error code of every
-element. No Python code runs per element.
+element, each call with its own frame (large batches of water functions on several threads),
+and hands back the values and the error code of every element. No Python code runs per element.
 """
 import ctypes
 import ctypes.util
@@ -37,6 +37,8 @@ def load_batch_library(library_path):
                                          ctypes.POINTER(_DOUBLE_P), ctypes.POINTER(ctypes.c_int32)]
         library.tvlxCANEVALUATE.restype = ctypes.c_int32
         library.tvlxCANEVALUATE.argtypes = [ctypes.c_char_p]
+        library.tvlxSETTHREADS.restype = ctypes.c_int32
+        library.tvlxSETTHREADS.argtypes = [ctypes.c_int32]
         return library
     return None
 

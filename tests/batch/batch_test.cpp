@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -143,6 +144,76 @@ TEST(Batch, RefusalsLeaveNothingBehind) {
     EXPECT_EQ(tvlxCANEVALUATE("gGSID"), 1);
     EXPECT_EQ(tvlxEVALUATE("gGSID", 1, idInputs, strides, nullptr, &result, nullptr, &error), -1);
     EXPECT_EQ(tvlxEVALUATE("PST", 0, inputs, strides, nullptr, &result, nullptr, &error), 0);
+}
+
+// Large batches run on threads with model objects of their own: the same bits and codes as on
+// the calling thread, under the library's settings of the moment, outputs included.
+TEST(Batch, ThreadedSlicesEqualTheCallsOneByOne) {
+    constexpr size_t kPoints = 30000;
+    std::vector<double> p(kPoints), h(kPoints), T(kPoints);
+    for (size_t k = 0; k < kPoints; ++k) {
+        const double u = static_cast<double>(k) / kPoints;
+        p[k] = std::pow(10.0, 2.0 + 7.0 * std::fmod(u * 7919.0, 1.0));  // 100 Pa to 1 GPa, some outside
+        T[k] = 250.0 + 2100.0 * std::fmod(u * 104729.0, 1.0);
+        h[k] = -1e5 + 4.5e6 * std::fmod(u * 1299709.0, 1.0);
+    }
+    p[17] = kNaN;
+    T[18] = kInf;
+    struct Setting {
+        int32_t checkRangeMode, toleranceMode, maxIterations;
+    };
+    for (const Setting setting : {Setting{1, 1, 100}, Setting{0, 0, 2}}) {
+        tvlSETCHECKRANGEMODE(setting.checkRangeMode);
+        tvlSETTOLERANCEMODE(setting.toleranceMode);
+        tvlSETMAXITERATION(setting.maxIterations);
+        for (const char* name : {"HPT", "TPH"}) {
+            const std::vector<double>& second = std::strcmp(name, "TPH") == 0 ? h : T;
+            ASSERT_EQ(tvlxSETTHREADS(1), 1);
+            const Batch serial = evaluate(name, {p, second});
+            ASSERT_EQ(tvlxSETTHREADS(4), 4);
+            const Batch threaded = evaluate(name, {p, second});
+            EXPECT_EQ(tvlGETLASTERROR(), threaded.errors.back());
+            EXPECT_EQ(threaded.failed, serial.failed) << name;
+            EXPECT_GT(serial.failed, 0) << name;
+            EXPECT_EQ(threaded.errors, serial.errors) << name;
+            for (size_t k = 0; k < kPoints; ++k)
+                ASSERT_EQ(std::memcmp(&threaded.results[k], &serial.results[k], sizeof(double)), 0)
+                    << name << " p=" << p[k] << " second=" << second[k];
+        }
+    }
+    tvlSETCHECKRANGEMODE(1);
+    tvlSETTOLERANCEMODE(1);
+    tvlSETMAXITERATION(100);
+
+    // Fourteen outputs per point, on four threads.
+    const int64_t count = 20000;
+    const double* inputs[2] = {p.data(), T.data()};
+    const int64_t strides[2] = {1, 1};
+    std::vector<double> results(count), cells(14 * count);
+    std::vector<int32_t> errors(count);
+    double* outputs[14];
+    for (int j = 0; j < 14; ++j) outputs[j] = &cells[j * count];
+    const int64_t failed =
+        tvlxEVALUATE("VUSHCVWDERPTPT", count, inputs, strides, nullptr, results.data(), outputs, errors.data());
+    tvlxSETTHREADS(0);
+    int64_t expectedFailed = 0;
+    for (int64_t k = 0; k < count; k += 97) {
+        double one[14];
+        const double value = tvlVUSHCVWDERPTPT(p[k], T[k], &one[0], &one[1], &one[2], &one[3], &one[4], &one[5],
+                                               &one[6], &one[7], &one[8], &one[9], &one[10], &one[11], &one[12], &one[13]);
+        ASSERT_EQ(results[k], value) << k;
+        ASSERT_EQ(errors[k], tvlGETLASTERROR()) << k;
+        if (errors[k] != 0) continue;
+        for (int j = 0; j < 14; ++j) ASSERT_EQ(cells[j * count + k], one[j]) << "output " << j << " at " << k;
+    }
+    for (int32_t code : errors) expectedFailed += code != 0;
+    EXPECT_EQ(failed, expectedFailed);
+}
+
+TEST(Batch, ThreadCountsAreClamped) {
+    EXPECT_EQ(tvlxSETTHREADS(-3), 0);
+    EXPECT_EQ(tvlxSETTHREADS(1000), 64);
+    EXPECT_EQ(tvlxSETTHREADS(0), 0);
 }
 
 TEST(Batch, SettingsOfTheLibraryHold) {

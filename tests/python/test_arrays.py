@@ -108,6 +108,19 @@ class ArrayTest(unittest.TestCase):
         finally:
             tavlib6.SETCHECKRANGEMODE(1)
 
+    def test_threads_give_the_values_of_one_thread(self):
+        p = np.geomspace(1e3, 1e8, 40000)
+        T = np.linspace(275.0, 2200.0, 40000)
+        try:
+            self.assertEqual(tavlib6.set_threads(1), 1)
+            one = tavlib6.VPT(p, T, errors='nan')
+            self.assertEqual(tavlib6.set_threads(3), 3)
+            three = tavlib6.VPT(p, T, errors='nan')
+        finally:
+            tavlib6.set_threads(0)
+        self.assertTrue(np.isnan(one).any())
+        np.testing.assert_array_equal(three, one)
+
     def test_every_export_of_numbers_agrees_with_plain_calls(self):
         checked = 0
         for name, result, params, family in tavlib6._exports.EXPORTS:
@@ -179,7 +192,7 @@ class BatchLibraryTest(unittest.TestCase):
             self.skipTest('no libtavlib6x.so beside the library')
         out = subprocess.run(['nm', '-D', '--defined-only', path], capture_output=True, text=True, check=True).stdout
         self.assertEqual({line.split()[-1] for line in out.splitlines() if line.strip()},
-                         {'tvlxEVALUATE', 'tvlxCANEVALUATE'})
+                         {'tvlxEVALUATE', 'tvlxCANEVALUATE', 'tvlxSETTHREADS'})
 
 
 if __name__ == '__main__':
