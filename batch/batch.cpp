@@ -112,17 +112,14 @@ constexpr std::int64_t kPointsPerThread = 4096;
 constexpr int kMostThreads = 64;
 std::atomic<int> requestedThreads{0};
 
+#if !defined(_WIN32)
 int threadsFor(std::int64_t count) {
-#if defined(_WIN32)
-    (void)count;
-    return 1;
-#else
     int threads = requestedThreads.load(std::memory_order_relaxed);
     if (threads <= 0) threads = static_cast<int>(std::min(std::thread::hardware_concurrency(), 16u));
     const std::int64_t useful = count / kPointsPerThread;
     return static_cast<int>(std::max<std::int64_t>(1, std::min<std::int64_t>(threads, useful)));
-#endif
 }
+#endif
 
 // What one call of the batch shares with every slice of it.
 struct Job {
