@@ -110,12 +110,13 @@ const FacadeEntry* findFacadeCall(const char* name) {
 // than the thread saves.
 constexpr std::int64_t kPointsPerThread = 4096;
 constexpr int kMostThreads = 64;
+constexpr unsigned kMostAutomaticThreads = 16;
 std::atomic<int> requestedThreads{0};
 
 #if !defined(_WIN32)
 int threadsFor(std::int64_t count) {
     int threads = requestedThreads.load(std::memory_order_relaxed);
-    if (threads <= 0) threads = static_cast<int>(std::min(std::thread::hardware_concurrency(), 16u));
+    if (threads <= 0) threads = static_cast<int>(std::min(std::thread::hardware_concurrency(), kMostAutomaticThreads));
     const std::int64_t useful = count / kPointsPerThread;
     return static_cast<int>(std::max<std::int64_t>(1, std::min<std::int64_t>(threads, useful)));
 }
