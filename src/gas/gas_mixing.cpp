@@ -34,6 +34,20 @@ struct SpeciesWalk {
         return a.walkValue;
     }
 
+    // fraction(a, row k, false) for the 13 rows at once, in one visit per record instead of 13
+    // walks: the same products, summed in the same order, so the same bits.
+    const double* builtInFractions(const GasSpecies& a, const GasSpecies* const (&rows)[kBuiltInGasCount]) const {
+        if (a.walkMark == mark) return a.walkFractions;
+        a.walkMark = mark;
+        double sums[kBuiltInGasCount] = {};
+        for (const auto& component : a.components) {
+            const double* x = builtInFractions(*component.key, rows);
+            for (int k = 0; k < kBuiltInGasCount; ++k) sums[k] += x[k] * component.value.volume;
+        }
+        for (int k = 0; k < kBuiltInGasCount; ++k) a.walkFractions[k] = &a == rows[k] ? 1.0 : sums[k] / a.totalVolume;
+        return a.walkFractions;
+    }
+
     // A record seen before in this walk did not contain b, or the walk would have ended there.
     bool contains(const GasSpecies& a, const GasSpecies& b) const {
         if (&a == &b) return true;
@@ -103,9 +117,12 @@ bool GasSpecies::blendComponent(GasSpecies& component, double volume, double mas
 
 // A component's own mixing entropy is not blended: the sum runs afresh over the built-in gases.
 void GasSpecies::refreshMixingEntropy() {
+    const GasSpecies* rows[kBuiltInGasCount];
+    for (std::int32_t id = 0; id < kBuiltInGasCount; ++id) rows[id] = &catalog.speciesWithId(id);
+    const double* fractions = SpeciesWalk{catalog.nextWalkMark()}.builtInFractions(*this, rows);
     double sum = 0.0;
     for (std::int32_t id = 0; id < kBuiltInGasCount; ++id) {
-        const double x = volumeFraction(catalog.speciesWithId(id));
+        const double x = fractions[id];
         if (x != 0.0) sum -= x * std::log(x);
     }
     mixingEntropy = sum;

@@ -100,6 +100,7 @@ private:
     friend struct SpeciesWalk;
     mutable std::uint64_t walkMark = 0;
     mutable double walkValue = 0.0;
+    mutable double walkFractions[kBuiltInGasCount] = {};  // the volume fractions of the built-in gases
 };
 
 // The first reference of a new record, released on the way out unless a map took it over.

@@ -5,7 +5,9 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -279,6 +281,40 @@ TEST_F(GasTest, RowAsAMixture) {
     EXPECT_EQ(lib.gVFIDID(gastest::kAr, gastest::kO2), 0.5);
     EXPECT_EQ(text(lib.gGSID(gastest::kAr)), "Ar") << "the text of a row is its name";
     EXPECT_DOUBLE_EQ(lib.gMMID(gastest::kAr), (0.039948 + 0.0319988) / 2);
+}
+
+// The mixing entropy comes from one walk for all built-in gases; right after each blend it must
+// equal -sum x ln x of the fractions that gVFIDID's walk gives, bit for bit, however the
+// mixtures nest and share their parts.
+TEST_F(GasTest, MixingEntropyIsThatOfTheVolumeFractions) {
+    const auto entropyOfFractions = [this](std::int32_t id) {
+        double sum = 0.0;
+        for (std::int32_t row = 0; row < 13; ++row) {
+            const double x = species(id).volumeFraction(species(row));
+            if (x != 0.0) sum -= x * std::log(x);
+        }
+        return sum;
+    };
+    std::mt19937 rng(5);
+    std::vector<std::int32_t> mixtures;
+    int blends = 0;
+    for (int round = 0; round < 400; ++round) {
+        const bool fresh = mixtures.size() < 3 || rng() % 4 == 0;
+        if (fresh) mixtures.push_back(lib.gNEWID());
+        const std::int32_t into = fresh ? mixtures.back()
+                                  : rng() % 8 == 0 ? static_cast<std::int32_t>(rng() % 13)
+                                                   : mixtures[rng() % mixtures.size()];
+        const std::int32_t component = fresh || rng() % 2 == 0 ? static_cast<std::int32_t>(rng() % 13)
+                                                               : mixtures[rng() % mixtures.size()];
+        const double amount = (1.0 + rng() % 100) / 7.0;
+        // A mixture into itself or into a part of it is refused and changes nothing.
+        if ((rng() % 2 == 0 ? lib.gADDGASV(into, component, amount) : lib.gADDGASM(into, component, amount)) == -1)
+            continue;
+        ++blends;
+        const double actual = species(into).mixingEntropy, expected = entropyOfFractions(into);
+        ASSERT_EQ(std::memcmp(&actual, &expected, sizeof(double)), 0) << round << ": " << actual << " vs " << expected;
+    }
+    EXPECT_GT(blends, 300);
 }
 
 TEST_F(GasTest, NestingDepthIsBounded) {
