@@ -6,8 +6,8 @@
 The points cover compressed water, superheated steam and the supercritical area
 (p 0.01 to 50 MPa, T 280 to 1000 K). The scalar loops are timed on a tenth of the points and
 scaled; each figure is the best of three runs, as timeit reports. The array call uses the
-threads that libtavlib6x takes by default (one per processor); TAVLIB6X_THREADS=1 in the
-environment keeps it on one. Needs numpy and the built libtavlib6x.
+threads that libtavlib6x takes by default (one per processor); this script reads
+TAVLIB6X_THREADS from the environment and passes it to tavlib6.set_threads (1: one thread). Needs numpy and the built libtavlib6x.
 """
 import os
 import sys

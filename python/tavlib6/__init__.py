@@ -13,7 +13,8 @@ broadcast shape: ``tavlib6.HPT(np.array([1e5, 1e6, 1e7]), 700.0)``. The batch li
 libtavlib6x beside libtavlib6 evaluates the whole array in one call, element by element with
 the frame of a plain call; a large array of a water function is shared among threads, one
 per processor (``tavlib6.set_threads(n)`` changes that, 1 keeps it on the calling thread), with
-the same values as the calls one by one. What a failing element does is chosen by the keyword ``errors``:
+the same values as the calls one by one. What a failing element does is chosen by the keyword
+``errors``:
 
 * ``errors="raise"`` (the default): raise ``TavlibError`` for the first failing element; its
   ``index`` is that element's index and ``codes`` the array of every element's error code.
