@@ -65,11 +65,10 @@ def functions():
 
 def idl(table):
     out = ['// ' + NOTICE, '#include <com/sun/star/uno/XInterface.idl>',
-           '#include <com/sun/star/lang/IllegalArgumentException.idl>',
-           '#include <com/sun/star/sheet/NoConvergenceException.idl>', '',
+           '#include <com/sun/star/lang/IllegalArgumentException.idl>', '',
            'module org { module tavlib6 { module calc {', '',
            'interface %s : com::sun::star::uno::XInterface' % INTERFACE, '{']
-    raises = ' raises (com::sun::star::lang::IllegalArgumentException, com::sun::star::sheet::NoConvergenceException);'
+    raises = ' raises (com::sun::star::lang::IllegalArgumentException);'
     for e, inputs, outputs in table:
         result = ROW if outputs else RESULT_TYPES[e.result]
         args = ', '.join('[in] %s %s' % (INPUT_TYPES[t], n) for t, n in inputs)
