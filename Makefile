@@ -10,7 +10,7 @@ WIN32_BUILD ?= build-win32
 MINGW_PACKAGES = g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64
 WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
 
-.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test
+.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test calc calc-test
 
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
@@ -28,8 +28,24 @@ run: all
 
 test:
 	-@sh tools/install_packages.sh $(TEST_PACKAGES)
+	-@sh tools/install_packages.sh $(CALC_PACKAGES)
 	@$(MAKE) --no-print-directory all
 	cd $(BUILD) && ctest -j $(JOBS) --output-on-failure
+
+# LibreOffice Calc: the extension build/tavlib6.oxt (a worksheet function per export), and the test
+# that calculates a sheet of formulas with it in a headless LibreOffice against tvl (also in
+# `make test`, as ctest's calc_extension; skipped where LibreOffice cannot be installed).
+CALC_PACKAGES = libreoffice-calc python3-uno libreoffice-script-provider-python libreoffice-dev
+
+calc: configure
+	@sh tools/install_packages.sh $(CALC_PACKAGES)
+	cmake --build $(BUILD) -j $(JOBS) --target tavlib6
+	sh hosts/calc/build.sh $(BUILD)
+
+calc-test: configure
+	-@sh tools/install_packages.sh $(CALC_PACKAGES)
+	cmake --build $(BUILD) -j $(JOBS) --target tavlib6 tvl
+	python3 tests/hosts/calc_test.py $(BUILD) || [ $$? -eq 77 ]
 
 # The libraries, headers, tvl, the CMake package and the pkg-config files under PREFIX.
 install: configure

@@ -80,7 +80,7 @@ def idl(table):
 
 def quantity(pairs, name):
     what, unit = pairs.get(name, (name, '-'))
-    return what if unit in ('-', 'text') else '%s [%s]' % (what, unit)
+    return what if unit in ('-', 'text', 'see the notes') else '%s [%s]' % (what, unit)
 
 
 def describe(family, export, outputs, notes):
