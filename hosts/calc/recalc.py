@@ -38,7 +38,7 @@ class Office:
     """soffice in its own session and profile, killed as a whole when done or out of time."""
 
     def __init__(self, profile, timeout):
-        self.profile, self.processes = profile, []
+        self.process, self.timed_out = None, False
         self.url = 'file://' + profile
         # LibreOffice's embedded Python takes its library from the first python3 on PATH: that
         # must be the system's, whose interpreter it is, not one of a version manager.
@@ -51,24 +51,25 @@ class Office:
         self.watchdog.start()
 
     def out_of_time(self):
+        self.timed_out = True
         print('recalc: LibreOffice did not finish in time; killed', file=sys.stderr)
         self.kill()
+        time.sleep(10)  # the main thread ends by itself once the bridge is gone; if it hangs:
         os._exit(124)
 
     def start(self, pipe):
-        self.processes.append(subprocess.Popen(
+        self.process = subprocess.Popen(
             ['soffice', '--headless', '--invisible', '--nologo', '--norestore', '--nodefault',
              '--nolockcheck', '-env:UserInstallation=' + self.url,
              '--accept=pipe,name=%s;urp;StarOffice.ComponentContext' % pipe],
-            env=self.env, start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+            env=self.env, start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def kill(self):
-        for process in self.processes:
-            if process.poll() is None:
-                try:
-                    os.killpg(process.pid, 9)
-                except ProcessLookupError:
-                    pass
+        if self.process and self.process.poll() is None:
+            try:
+                os.killpg(self.process.pid, 9)
+            except ProcessLookupError:
+                pass
 
 
 def connect(pipe, office):
@@ -80,8 +81,8 @@ def connect(pipe, office):
         try:
             return resolver.resolve('uno:pipe,name=%s;urp;StarOffice.ComponentContext' % pipe)
         except NoConnectException:
-            if office.processes[-1].poll() is not None:
-                sys.exit('recalc: soffice ended before it accepted a connection')
+            if office.process.poll() is not None:
+                raise RuntimeError('soffice ended before it accepted a connection')
             time.sleep(0.5)
 
 
@@ -141,7 +142,8 @@ def calculate(context, formulas, out_path):
     doc.calculateAll()
     lines = ['\t'.join(shown(sheet.getCellByPosition(1 + k, row)) for k in range(max(width, 1)))
              for row, (_, width) in enumerate(formulas)]
-    doc.storeToURL('file://' + os.path.abspath(out_path), (prop('FilterName', 'calc8'),))
+    import uno
+    doc.storeToURL(uno.systemPathToFileUrl(os.path.abspath(out_path)), (prop('FilterName', 'calc8'),))
     doc.close(True)
     return lines
 
@@ -174,9 +176,14 @@ def main():
             context.ServiceManager.createInstanceWithContext('com.sun.star.frame.Desktop', context).terminate()
         except Exception:  # the bridge goes down with soffice: that is the end we want
             pass
+    except Exception:
+        if not office.timed_out:
+            raise
     finally:
         office.kill()
         shutil.rmtree(profile, ignore_errors=True)
+    if office.timed_out:
+        return 124
     print('\n'.join(lines))
     return 0
 

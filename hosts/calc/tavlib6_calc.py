@@ -25,7 +25,7 @@ OUTPUT = ctypes.POINTER(ctypes.c_double)
 
 def load_library():
     here = os.path.join(os.path.dirname(os.path.abspath(__file__)), 'pythonpath', 'libtavlib6.so')
-    library = ctypes.CDLL(os.environ.get('TAVLIB6_LIBRARY') or here)
+    library = ctypes.CDLL(here)
     library.tvlGETLASTERROR.restype = ctypes.c_int32
     library.tvlGETLASTERRORDESCRIPTION.restype = ctypes.c_char_p
     return library
@@ -66,6 +66,8 @@ def worksheet_function(name, result, inputs, outputs):
     function.argtypes = [CTYPES[k] for k in inputs] + [OUTPUT] * outputs
 
     def call(self, *values):
+        if len(values) != len(inputs):
+            raise TypeError('%s takes %d arguments' % (name, len(inputs)))
         try:
             args = [convert(k, v) for k, v in zip(inputs, values)]
         except (TypeError, ValueError, OverflowError) as e:
