@@ -7,8 +7,10 @@ FORMULAS holds one formula per line as a user types it into a cell (=HPT(5000000
 "=PTHS(2800000;6000)<TAB>2" enters an array formula over 2 cells of a row. The script installs
 OXT into a throwaway user profile (as unopkg add does), starts soffice headless with that profile,
 writes each formula's text into column A of a new sheet and the formula into column B,
-recalculates, saves the sheet as OUT.ods and prints one line per formula: its cells separated by
-tabs, each a number (repr, all digits), a text in double quotes, or Err:NNN (Calc's error code).
+recalculates, saves the sheet as OUT.ods and prints one line per formula: the formula as Calc
+stored it (add-in functions under their programmatic names, =ORG.TAVLIB6.CALC.FUNCTIONS.HPT(...)),
+then its cells, separated by tabs; a cell is a number (repr, all digits), a text in double
+quotes, or Err:NNN (Calc's error code).
 
 soffice can hang: everything, profile set-up included, ends after --timeout seconds (default
 300) with the processes killed and exit status 124. Needs no display, and a HOME of its own.
@@ -140,7 +142,8 @@ def calculate(context, formulas, out_path):
         else:
             sheet.getCellByPosition(1, row).setPropertyValue('FormulaLocal', text)
     doc.calculateAll()
-    lines = ['\t'.join(shown(sheet.getCellByPosition(1 + k, row)) for k in range(max(width, 1)))
+    lines = ['\t'.join([sheet.getCellByPosition(1, row).getFormula()] +
+                        [shown(sheet.getCellByPosition(1 + k, row)) for k in range(max(width, 1))])
              for row, (_, width) in enumerate(formulas)]
     import uno
     doc.storeToURL(uno.systemPathToFileUrl(os.path.abspath(out_path)), (prop('FilterName', 'calc8'),))
