@@ -3,10 +3,11 @@
 
     python3 tests/hosts/calc_test.py BUILD
 
-Builds BUILD/tavlib6.oxt (hosts/calc/build.sh), calculates in LibreOffice (hosts/calc/recalc.py)
-the formulas of calc_cases.txt and one formula for every worksheet function, with the arguments
-of STANDARD, and compares each cell with `BUILD/tvl` for the same call: values to a relative
-1e-12, texts as they stand, a failing call as Err:502 and TVLERROR(...) as the library's text. Exits 77 (skipped) where LibreOffice is not installed.
+Builds BUILD/tavlib6.oxt (hosts/calc/build.sh), calculates in LibreOffice (hosts/calc/recalc.py,
+which keeps the sheet as BUILD/calc/calc_test.ods) the formulas of calc_cases.txt and one formula
+for every worksheet function, with the arguments of STANDARD, and compares each cell with
+`BUILD/tvl` for the same call: values to a relative 1e-12, texts as they stand, a failing call as
+Err:502 and TVLERROR(...) as the library's text. Exits 77 (skipped) without LibreOffice.
 """
 import csv
 import math
@@ -18,14 +19,17 @@ import tempfile
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 ROOT = os.path.dirname(os.path.dirname(HERE))
-sys.path.insert(0, os.path.join(ROOT, 'tools'))
+HOST = os.path.join(ROOT, 'hosts', 'calc')
+sys.path[:0] = [os.path.join(ROOT, 'tools'), HOST]
 import gen_calc  # noqa: E402
+from recalc import parse_lines  # noqa: E402
 
 # Arguments by name for the formula of every function; a call that fails must fail alike.
 STANDARD = {'p': 1e6, 'T': 450.0, 'h': 2.9e6, 's': 6800.0, 'x': 0.5, 'p2': 1e4, 'eff': 0.85, 'r': 500.0,
             'r0': 500.0, 'v': 0.2, 'u': 2.6e6, 'cp': 4200.0, 'cv': 3000.0, 'w': 1500.0, 'jt': 1e-7,
             'tc': 0.6, 'eta': 1e-4, 'nu': 1e-6, 'pr': 1.5, 'k': 1.3, 'L': 5.893e-7, 'id': 1,
-            'component': 1, 'mass': 1.0, 'volume': 1.0, 'gs': 'N2:79;O2:21', 'name': 'AirMix', 'species': 'O2', ('int32', 'species'): 1}
+            'component': 1, 'mass': 1.0, 'volume': 1.0, 'gs': 'N2:79;O2:21', 'name': 'AirMix',
+            'species': 'O2', ('int32', 'species'): 1}
 # Functions that change the library's state get arguments that change nothing for the other cells:
 # a setter the value of its getter, the catalogue a gas id and a name that do not exist. Calc
 # evaluates cells in an order of its own, so the ids of new gases and the count of gases are not
@@ -61,15 +65,6 @@ def standard_formulas(build):
                 for (t, _), v in zip(inputs, values)]
         formulas.append(('=%s(%s)' % (gen_calc.names(export), ';'.join(args)), len(outputs)))
     return formulas
-
-
-def read_cases():
-    cases = []
-    for line in open(os.path.join(HERE, 'calc_cases.txt'), encoding='utf-8'):
-        if line.strip() and not line.startswith('#'):
-            text, _, width = line.rstrip('\n').partition('\t')
-            cases.append((text, int(width) if width else 0))
-    return cases
 
 
 def split_call(formula):
@@ -125,14 +120,13 @@ def main():
     if reason:
         print('calc: skipped, %s' % reason)
         return 77
-    subprocess.run(['sh', os.path.join(ROOT, 'hosts', 'calc', 'build.sh'), build], check=True,
-                   stdout=subprocess.DEVNULL)
-    formulas = read_cases() + standard_formulas(build)
+    subprocess.run(['sh', os.path.join(HOST, 'build.sh'), build], check=True, stdout=subprocess.DEVNULL)
+    formulas = parse_lines(os.path.join(HERE, 'calc_cases.txt')) + standard_formulas(build)
     with tempfile.TemporaryDirectory() as work:
         listing = os.path.join(work, 'formulas.txt')
         with open(listing, 'w', encoding='utf-8') as f:
             f.writelines('%s\t%d\n' % (text, width) if width else text + '\n' for text, width in formulas)
-        run = subprocess.run(['/usr/bin/python3', os.path.join(ROOT, 'hosts', 'calc', 'recalc.py'), os.path.join(build, 'tavlib6.oxt'),
+        run = subprocess.run(['/usr/bin/python3', os.path.join(HOST, 'recalc.py'), os.path.join(build, 'tavlib6.oxt'),
                               listing, os.path.join(build, 'calc', 'calc_test.ods'), '--timeout', '300'],
                              capture_output=True, text=True)
     if run.returncode:
