@@ -116,9 +116,9 @@ def xcu(table, notes):
         out += ['<node oor:name="%s" oor:op="replace">' % method, prop('DisplayName', shown),
                 prop('Description', description), '<prop oor:name="Category"><value>Add-In</value></prop>',
                 '<node oor:name="Parameters">']
-        # Calc lists a function's parameters in the order of their node names: number them.
-        for k, (_, n) in enumerate(inputs, 1):
-            out += ['<node oor:name="%02d_%s" oor:op="replace">' % (k, n), prop('DisplayName', n),
+        # Calc finds a parameter's node by the argument's name in the interface.
+        for _, n in inputs:
+            out += ['<node oor:name="%s" oor:op="replace">' % n, prop('DisplayName', n),
                     prop('Description', quantity(arguments, n)), '</node>']
         out += ['</node>', '</node>']
     out += ['</node>', '</node>', '</node>', '</oor:component-data>', '']
