@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Calculate worksheet formulas in a headless LibreOffice Calc with the tavlib6 extension.
 
-    python3 hosts/calc/recalc.py OXT FORMULAS OUT.ods [--timeout SECONDS]
+    python3 hosts/calc/recalc.py OXT FORMULAS OUT.ods [--timeout SECONDS] [--functions OUT.tsv]
 
 FORMULAS holds one formula per line as a user types it into a cell (=HPT(5000000;700)); a line
 "=PTHS(2800000;6000)<TAB>2" enters an array formula over 2 cells of a row. The script installs
@@ -11,6 +11,9 @@ recalculates, saves the sheet as OUT.ods and prints one line per formula: the fo
 stored it (add-in functions under their programmatic names, =ORG.TAVLIB6.CALC.FUNCTIONS.HPT(...)),
 then its cells, separated by tabs; a cell is a number (repr, all digits), a text in double
 quotes, or Err:NNN (Calc's error code).
+
+--functions writes what the Function Wizard shows of each add-in function (category Add-In):
+name, description, then each argument as name: description, separated by tabs.
 
 soffice can hang: everything, profile set-up included, ends after --timeout seconds (default
 300) with the processes killed and exit status 124. Needs no display, and a HOME of its own.
@@ -151,6 +154,27 @@ def calculate(context, formulas, out_path):
     return lines
 
 
+def write_functions(context, path):
+    from com.sun.star.sheet.FunctionCategory import ADDIN
+    descriptions = context.ServiceManager.createInstanceWithContext('com.sun.star.sheet.FunctionDescriptions', context)
+    with open(path, 'w', encoding='utf-8') as out:
+        for k in range(descriptions.getCount()):
+            function = {p.Name: p.Value for p in descriptions.getByIndex(k)}
+            if function['Category'] == ADDIN:
+                fields = [function['Name'], function['Description']]
+                fields += ['%s: %s' % (a.Name, a.Description) for a in function['Arguments'] or ()]
+                out.write('\t'.join(fields) + '\n')
+
+
+def option(args, name, default):
+    if name not in args:
+        return default
+    k = args.index(name)
+    value = args[k + 1]
+    del args[k:k + 2]
+    return value
+
+
 def main():
     try:
         import uno  # noqa: F401
@@ -159,11 +183,8 @@ def main():
             os.execv(SYSTEM_PYTHON, [SYSTEM_PYTHON] + sys.argv)
         sys.exit('recalc: no Python-UNO bridge (python3-uno)')
     args = sys.argv[1:]
-    timeout = 300.0
-    if '--timeout' in args:
-        k = args.index('--timeout')
-        timeout = float(args[k + 1])
-        del args[k:k + 2]
+    timeout = float(option(args, '--timeout', 300))
+    functions = option(args, '--functions', None)
     if len(args) != 3:
         sys.exit(__doc__)
     oxt, formulas, out_path = os.path.abspath(args[0]), parse_lines(args[1]), args[2]
@@ -175,6 +196,8 @@ def main():
         context = connect(pipe, office)
         install(context, oxt)
         lines = calculate(context, formulas, out_path)
+        if functions:
+            write_functions(context, functions)
         try:
             context.ServiceManager.createInstanceWithContext('com.sun.star.frame.Desktop', context).terminate()
         except Exception:  # the bridge goes down with soffice: that is the end we want

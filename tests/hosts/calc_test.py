@@ -127,8 +127,10 @@ def main():
         with open(listing, 'w', encoding='utf-8') as f:
             f.writelines('%s\t%d\n' % (text, width) if width else text + '\n' for text, width in formulas)
         run = subprocess.run(['/usr/bin/python3', os.path.join(HOST, 'recalc.py'), os.path.join(build, 'tavlib6.oxt'),
-                              listing, os.path.join(build, 'calc', 'calc_test.ods'), '--timeout', '300'],
-                             capture_output=True, text=True)
+                              listing, os.path.join(build, 'calc', 'calc_test.ods'), '--timeout', '300',
+                              '--functions', os.path.join(work, 'functions.tsv')], capture_output=True, text=True)
+        wizard = {line.split('\t')[0]: line.rstrip('\n').split('\t')[1:]
+                  for line in open(os.path.join(work, 'functions.tsv'), encoding='utf-8')} if not run.returncode else {}
     if run.returncode:
         print('calc: LibreOffice failed (%d):\n%s%s' % (run.returncode, run.stdout, run.stderr))
         return 1
@@ -144,8 +146,17 @@ def main():
         matching += len(got) if good else 0
         if not good:
             print('mismatch: %s gave %s, the library %s' % (formula, got, want))
+    # The Function Wizard shows each function with a description and its arguments with theirs.
+    described, table = 0, gen_calc.functions()
+    for export, inputs, _ in table:
+        shown = wizard.get(gen_calc.names(export), [])
+        if shown[:1] and shown[0] and [a.split(':')[0] for a in shown[1:]] == [n for _, n in inputs]:
+            described += 1
+        else:
+            print('Function Wizard: %s shows %s' % (gen_calc.names(export), shown))
     print('calc: %d cells computed in LibreOffice, %d matching' % (cells, matching))
-    return 0 if cells and cells == matching and len(rows) == len(formulas) else 1
+    print('calc: %d of %d functions with their arguments in the Function Wizard' % (described, len(table)))
+    return 0 if cells and cells == matching and len(rows) == len(formulas) and described == len(table) else 1
 
 
 if __name__ == '__main__':
