@@ -74,7 +74,7 @@ def split_call(formula):
 
 def tvl(build, name, args):
     """(code, text or None, values): what the tvl command gives for a worksheet function's call."""
-    run = subprocess.run([os.path.join(build, 'tvl'), name] + args, capture_output=True, text=True)
+    run = subprocess.run([os.path.join(build, 'tvl'), '-p', '17', name] + args, capture_output=True, text=True)
     if run.returncode:
         code, _, text = run.stderr.strip()[len('error '):].partition(': ')
         return int(code), text, []
