@@ -368,6 +368,9 @@ void requireFraction(double x) {
 }
 
 void solve(StateBuilder& state, Pair pair, double a, double b) {
+    // The margins of the wet tests scale with the values: a NaN or an infinity must not reach them.
+    if (std::isnan(a) || std::isnan(b)) throw Failure{tvl::kBadParameters};
+    if (std::isinf(a) || std::isinf(b)) throw Failure{tvl::kOutOfRange};
     switch (pair) {
         case Pair::PT: solvePT(state, a, b); break;
         case Pair::PH: solvePressurePair(state, a, b, true); break;

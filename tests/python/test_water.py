@@ -97,6 +97,20 @@ class WetStateTest(unittest.TestCase):
         with self.assertRaises(AttributeError):
             Water(p=1e5, T=400.0).nonsense
 
+    def test_hostile_input_gets_its_code(self):
+        import ctypes
+        values, codes = (ctypes.c_double * 19)(), (ctypes.c_int32 * 19)()
+        state = tavlib6._batch.tvlxSTATE
+        self.assertEqual(state(b'zz', 1e5, 300.0, values, codes), 1)
+        self.assertEqual((state(None, 1e5, 300.0, values, codes), list(codes)), (1, [1] * 19))
+        self.assertEqual(state(b'pT', 1e5, 300.0, None, codes), 1)
+        self.assertEqual(tavlib6._batch.tvlxSTATES(b'hs', 1, None, None, None, None), -1)
+        for pair in ('pT', 'ph', 'ps', 'hs', 'Tx', 'px'):
+            for a, b in ((math.nan, 1.0), (1e5, math.inf), (-math.inf, -1e300), (1e300, 1e300)):
+                code = state(pair.encode(), a, b, values, codes)
+                self.assertIn(code, (1, 2), (pair, a, b))
+                self.assertEqual(list(values), [-1.0] * 19)
+
     @unittest.skipUnless(tavlib6.arrays_available, 'needs numpy')
     def test_arrays_of_states(self):
         import numpy as np
