@@ -113,33 +113,69 @@ void finishSinglePhase(StateBuilder& state, int region) {
     putKappa(state);
 }
 
+// Which export gives which property: of regions 1, 2 and 5 by (p, T), of region 3 by (rho, T),
+// of saturated water and steam by T, of the wet mixture by (T, x).
+struct RegionEquation {
+    int property;
+    Method2 region1, region2, region5;
+};
+const RegionEquation kRegionEquations[] = {
+    {TVLX_U, &PropertyFacade::U1PT, &PropertyFacade::U2PT, &PropertyFacade::U5PT},
+    {TVLX_H, &PropertyFacade::H1PT, &PropertyFacade::H2PT, &PropertyFacade::H5PT},
+    {TVLX_S, &PropertyFacade::S1PT, &PropertyFacade::S2PT, &PropertyFacade::S5PT},
+    {TVLX_CP, &PropertyFacade::CP1PT, &PropertyFacade::CP2PT, &PropertyFacade::CP5PT},
+    {TVLX_CV, &PropertyFacade::CV1PT, &PropertyFacade::CV2PT, &PropertyFacade::CV5PT},
+    {TVLX_W, &PropertyFacade::W1PT, &PropertyFacade::W2PT, &PropertyFacade::W5PT},
+    {TVLX_JT, &PropertyFacade::JOULETHOMPSON1PT, &PropertyFacade::JOULETHOMPSON2PT, &PropertyFacade::JOULETHOMPSON5PT},
+};
+
+struct Equation2 {
+    int property;
+    Method2 method;
+};
+const Equation2 kRegion3Equations[] = {
+    {TVLX_U, &PropertyFacade::U3RT}, {TVLX_H, &PropertyFacade::H3RT}, {TVLX_S, &PropertyFacade::S3RT},
+    {TVLX_CP, &PropertyFacade::CP3RT}, {TVLX_CV, &PropertyFacade::CV3RT}, {TVLX_W, &PropertyFacade::W3RT},
+    {TVLX_JT, &PropertyFacade::JOULETHOMPSON3RT},
+};
+// The mixture has no cp and no transport properties: those are refused below.
+const Equation2 kMixtureEquations[] = {
+    {TVLX_V, &PropertyFacade::VSTX}, {TVLX_RHO, &PropertyFacade::DSTX}, {TVLX_U, &PropertyFacade::USTX},
+    {TVLX_H, &PropertyFacade::HSTX}, {TVLX_S, &PropertyFacade::SSTX}, {TVLX_CV, &PropertyFacade::CVSTX},
+    {TVLX_W, &PropertyFacade::WSTX}, {TVLX_KAPPA, &PropertyFacade::KSTX}, {TVLX_JT, &PropertyFacade::JOULETHOMPSONSTX},
+};
+
+struct SaturatedEquation {
+    int property;
+    Method1 water, steam;
+};
+const SaturatedEquation kSaturatedEquations[] = {
+    {TVLX_V, &PropertyFacade::VSWT, &PropertyFacade::VSST},
+    {TVLX_RHO, &PropertyFacade::DSWT, &PropertyFacade::DSST},
+    {TVLX_U, &PropertyFacade::USWT, &PropertyFacade::USST},
+    {TVLX_H, &PropertyFacade::HSWT, &PropertyFacade::HSST},
+    {TVLX_S, &PropertyFacade::SSWT, &PropertyFacade::SSST},
+    {TVLX_CP, &PropertyFacade::CPSWT, &PropertyFacade::CPSST},
+    {TVLX_CV, &PropertyFacade::CVSWT, &PropertyFacade::CVSST},
+    {TVLX_W, &PropertyFacade::WSWT, &PropertyFacade::WSST},
+    {TVLX_JT, &PropertyFacade::JOULETHOMPSONSWT, &PropertyFacade::JOULETHOMPSONSST},
+    {TVLX_ETA, &PropertyFacade::DYNVISSWT, &PropertyFacade::DYNVISSST},
+    {TVLX_LAMBDA, &PropertyFacade::THERMCONDSWT, &PropertyFacade::THERMCONDSST},
+    {TVLX_PR, &PropertyFacade::PRANDTLESWT, &PropertyFacade::PRANDTLESST},
+    {TVLX_NU, &PropertyFacade::KINVISSWT, &PropertyFacade::KINVISSST},
+    {TVLX_KAPPA, &PropertyFacade::KSWT, &PropertyFacade::KSST},
+};
+
 // Regions 1, 2 and 5 at (p, T), by the equations of the region.
 void putRegionPT(StateBuilder& state, int region, double p, double T) {
-    struct Equations {
-        Method2 v, u, s, h, cp, cv, w, jouleThomson;
-    };
-    static const Equations kRegion1{&PropertyFacade::V1PT, &PropertyFacade::U1PT, &PropertyFacade::S1PT,
-                                    &PropertyFacade::H1PT, &PropertyFacade::CP1PT, &PropertyFacade::CV1PT,
-                                    &PropertyFacade::W1PT, &PropertyFacade::JOULETHOMPSON1PT};
-    static const Equations kRegion2{&PropertyFacade::V2PT, &PropertyFacade::U2PT, &PropertyFacade::S2PT,
-                                    &PropertyFacade::H2PT, &PropertyFacade::CP2PT, &PropertyFacade::CV2PT,
-                                    &PropertyFacade::W2PT, &PropertyFacade::JOULETHOMPSON2PT};
-    static const Equations kRegion5{&PropertyFacade::V5PT, &PropertyFacade::U5PT, &PropertyFacade::S5PT,
-                                    &PropertyFacade::H5PT, &PropertyFacade::CP5PT, &PropertyFacade::CV5PT,
-                                    &PropertyFacade::W5PT, &PropertyFacade::JOULETHOMPSON5PT};
-    const Equations& e = region == 1 ? kRegion1 : region == 2 ? kRegion2 : kRegion5;
     state.set(TVLX_T, T);
     state.set(TVLX_P, p);
-    const double v = state.need(e.v, p, T);
+    const double v = state.need(region == 1 ? &PropertyFacade::V1PT : region == 2 ? &PropertyFacade::V2PT
+                                                                                  : &PropertyFacade::V5PT, p, T);
     state.set(TVLX_V, v);
     state.set(TVLX_RHO, 1.0 / v);
-    state.put(TVLX_U, e.u, p, T);
-    state.put(TVLX_H, e.h, p, T);
-    state.put(TVLX_S, e.s, p, T);
-    state.put(TVLX_CP, e.cp, p, T);
-    state.put(TVLX_CV, e.cv, p, T);
-    state.put(TVLX_W, e.w, p, T);
-    state.put(TVLX_JT, e.jouleThomson, p, T);
+    for (const RegionEquation& e : kRegionEquations)
+        state.put(e.property, region == 1 ? e.region1 : region == 2 ? e.region2 : e.region5, p, T);
     putTransport(state, 1.0 / v, T);
     finishSinglePhase(state, region);
 }
@@ -150,53 +186,25 @@ void putRegion3(StateBuilder& state, double rho, double T) {
     state.set(TVLX_RHO, rho);
     state.set(TVLX_V, 1.0 / rho);
     state.set(TVLX_P, state.need(&PropertyFacade::P3RT, rho, T));
-    state.put(TVLX_U, &PropertyFacade::U3RT, rho, T);
-    state.put(TVLX_H, &PropertyFacade::H3RT, rho, T);
-    state.put(TVLX_S, &PropertyFacade::S3RT, rho, T);
-    state.put(TVLX_CP, &PropertyFacade::CP3RT, rho, T);
-    state.put(TVLX_CV, &PropertyFacade::CV3RT, rho, T);
-    state.put(TVLX_W, &PropertyFacade::W3RT, rho, T);
-    state.put(TVLX_JT, &PropertyFacade::JOULETHOMPSON3RT, rho, T);
+    for (const Equation2& e : kRegion3Equations) state.put(e.property, e.method, rho, T);
     putTransport(state, rho, T);
     finishSinglePhase(state, 3);
 }
 
 // The wet area at (T, x), x in 0 to 1: on the saturation lines the saturated phase with all
-// its properties, between them the mixture, which has no cp and no transport properties.
+// its properties, between them the mixture.
 void putWet(StateBuilder& state, double T, double x) {
     state.set(TVLX_T, T);
     state.set(TVLX_X, x);
     state.set(TVLX_REGION, 4);
     state.set(TVLX_P, state.need(&PropertyFacade::PST, T));
     if (x == 0.0 || x == 1.0) {
-        const bool water = x == 0.0;
-        state.set(TVLX_PHASE, water ? 1 : 2);
-        state.put(TVLX_V, water ? &PropertyFacade::VSWT : &PropertyFacade::VSST, T);
-        state.put(TVLX_RHO, water ? &PropertyFacade::DSWT : &PropertyFacade::DSST, T);
-        state.put(TVLX_U, water ? &PropertyFacade::USWT : &PropertyFacade::USST, T);
-        state.put(TVLX_H, water ? &PropertyFacade::HSWT : &PropertyFacade::HSST, T);
-        state.put(TVLX_S, water ? &PropertyFacade::SSWT : &PropertyFacade::SSST, T);
-        state.put(TVLX_CP, water ? &PropertyFacade::CPSWT : &PropertyFacade::CPSST, T);
-        state.put(TVLX_CV, water ? &PropertyFacade::CVSWT : &PropertyFacade::CVSST, T);
-        state.put(TVLX_W, water ? &PropertyFacade::WSWT : &PropertyFacade::WSST, T);
-        state.put(TVLX_JT, water ? &PropertyFacade::JOULETHOMPSONSWT : &PropertyFacade::JOULETHOMPSONSST, T);
-        state.put(TVLX_ETA, water ? &PropertyFacade::DYNVISSWT : &PropertyFacade::DYNVISSST, T);
-        state.put(TVLX_LAMBDA, water ? &PropertyFacade::THERMCONDSWT : &PropertyFacade::THERMCONDSST, T);
-        state.put(TVLX_PR, water ? &PropertyFacade::PRANDTLESWT : &PropertyFacade::PRANDTLESST, T);
-        state.put(TVLX_NU, water ? &PropertyFacade::KINVISSWT : &PropertyFacade::KINVISSST, T);
-        state.put(TVLX_KAPPA, water ? &PropertyFacade::KSWT : &PropertyFacade::KSST, T);
+        state.set(TVLX_PHASE, x == 0.0 ? 1 : 2);
+        for (const SaturatedEquation& e : kSaturatedEquations) state.put(e.property, x == 0.0 ? e.water : e.steam, T);
         return;
     }
     state.set(TVLX_PHASE, 4);
-    state.put(TVLX_V, &PropertyFacade::VSTX, T, x);
-    state.put(TVLX_RHO, &PropertyFacade::DSTX, T, x);
-    state.put(TVLX_U, &PropertyFacade::USTX, T, x);
-    state.put(TVLX_H, &PropertyFacade::HSTX, T, x);
-    state.put(TVLX_S, &PropertyFacade::SSTX, T, x);
-    state.put(TVLX_CV, &PropertyFacade::CVSTX, T, x);
-    state.put(TVLX_W, &PropertyFacade::WSTX, T, x);
-    state.put(TVLX_KAPPA, &PropertyFacade::KSTX, T, x);
-    state.put(TVLX_JT, &PropertyFacade::JOULETHOMPSONSTX, T, x);
+    for (const Equation2& e : kMixtureEquations) state.put(e.property, e.method, T, x);
     for (int k : {TVLX_CP, TVLX_ETA, TVLX_LAMBDA, TVLX_PR, TVLX_NU}) state.set(k, -1.0, tvl::kOutOfRange);
 }
 
