@@ -15,6 +15,7 @@
 #include <strings.h>
 
 #include "frame/property_facade.h"
+#include "frame/validators.h"
 #include "tavlib6x.h"
 
 namespace {
@@ -60,7 +61,6 @@ public:
         values[k] = code == 0 ? value : -1.0;
         codes[k] = code;
     }
-    bool has(int k) const { return codes[k] == 0; }
     double operator[](int k) const { return values[k]; }
 
     // The first failing code among properties, 0 if none.
@@ -71,6 +71,7 @@ public:
     }
 
     PropertyFacade& f;
+    bool solved = false;  // the state was found by a search, not given by (p, T)
 
 private:
     double checked(double value) {
@@ -83,10 +84,27 @@ private:
     std::int32_t* codes;
 };
 
+// The code of the transport range at the state's (p, T), as the transport exports test it while
+// checks are on: the range of their arguments for a given (p, T), the wider one of a solved state.
+std::int32_t transportRangeCode(const StateBuilder& state, const tvl::TransportLimits& given,
+                                const tvl::TransportLimits& solved) {
+    if (!state.f.settings.checksOn()) return 0;
+    try {
+        tvl::requireTransportRange(state.solved ? solved : given, state[TVLX_P], state[TVLX_T]);
+    } catch (int code) {
+        return code;
+    }
+    return 0;
+}
+
 // The transport properties and those built on them, from eta and lambda at (rho, T).
 void putTransport(StateBuilder& state, double rho, double T) {
-    state.put(TVLX_ETA, &PropertyFacade::DYNVISRT, rho, T);
-    state.put(TVLX_LAMBDA, &PropertyFacade::THERMCONDRT, rho, T);
+    const std::int32_t viscosity = transportRangeCode(state, tvl::kViscosityArguments, tvl::kViscositySolved);
+    const std::int32_t conductivity = transportRangeCode(state, tvl::kConductivityArguments, tvl::kConductivitySolved);
+    if (viscosity == 0) state.put(TVLX_ETA, &PropertyFacade::DYNVISRT, rho, T);
+    else state.set(TVLX_ETA, -1.0, viscosity);
+    if (conductivity == 0) state.put(TVLX_LAMBDA, &PropertyFacade::THERMCONDRT, rho, T);
+    else state.set(TVLX_LAMBDA, -1.0, conductivity);
     const std::int32_t prandtl = state.codeOf({TVLX_ETA, TVLX_CP, TVLX_LAMBDA});
     state.set(TVLX_PR, prandtl == 0 ? state[TVLX_ETA] * state[TVLX_CP] / state[TVLX_LAMBDA] : 0.0, prandtl);
     state.set(TVLX_NU, state[TVLX_ETA] * state[TVLX_V], state.codeOf({TVLX_ETA}));
@@ -379,6 +397,7 @@ void solve(StateBuilder& state, Pair pair, double a, double b) {
     // The margins of the wet tests scale with the values: a NaN or an infinity must not reach them.
     if (std::isnan(a) || std::isnan(b)) throw Failure{tvl::kBadParameters};
     if (std::isinf(a) || std::isinf(b)) throw Failure{tvl::kOutOfRange};
+    state.solved = pair != Pair::PT;
     switch (pair) {
         case Pair::PT: solvePT(state, a, b); break;
         case Pair::PH: solvePressurePair(state, a, b, true); break;

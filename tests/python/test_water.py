@@ -68,6 +68,9 @@ class WetStateTest(unittest.TestCase):
         self.assertEqual(steam.h, tavlib6.HPT(1e6, 500.0))
         self.assertEqual(steam.k, steam.lambda_)
         self.assertEqual(Water(p=3e7, T=700.0).phase, 3)
+        # the transport equations hold in a smaller range than the state, as their exports say
+        beyond = Water(p=7.5e7, T=800.0).properties()
+        self.assertEqual((beyond['eta'], beyond['lambda_']), (tavlib6.DYNVISPT(7.5e7, 800.0), None))
         self.assertEqual(Water(p=1e5, h=1e5).region, 1)
         # just outside the saturated-steam curve, which the (h,s) selection's fit calls wet
         T = 400.0
@@ -132,7 +135,7 @@ def reference_pt(p, T):
     if r.region == 3 and r.phase == 'Vapour':  # iapws calls all of region 3 below the critical point vapour
         phase = 1 if r.rho > 322.0 else 2
     return dict(T=r.T, p=r.P * 1e6, rho=r.rho, v=r.v, u=r.u * 1e3, h=r.h * 1e3, s=r.s * 1e3, cp=r.cp * 1e3,
-                cv=r.cv * 1e3, w=r.w), r.region, phase
+                cv=r.cv * 1e3, w=r.w, eta=r.mu), r.region, phase
 
 
 def reference_wet(T, x):
@@ -160,8 +163,11 @@ def reference_wet(T, x):
 class IapwsComparisonTest(unittest.TestCase):
     def compare(self, reference, w, where, report):
         near_critical = abs(reference['T'] - TC) < 0.1
+        found = w.properties()
         for key, expected in reference.items():
-            got = getattr(w, key)
+            got = found[key]
+            if key == 'eta' and got is None:  # outside the range of the viscosity equation
+                continue
             error = abs(got - expected) / max(abs(expected), FLOOR.get(key, 0.0))
             if not near_critical:
                 report[0] = max(report[0], error)
