@@ -69,13 +69,16 @@ TVLX_API int32_t tvlxSETTHREADS(int32_t threads);
  * values[k]   the property k of the list below, -1.0 where it has no value.
  * codes[k]    0 where values[k] holds the property, else the library's error code that says why
  *             not (2: not defined for this state, such as cp or the transport properties of a
- *             wet mixture), or TVLX_NOT_WET for x of a state outside the wet area.
+ *             wet mixture, or eta and lambda outside the range of their equations while checks
+ *             are on), or TVLX_NOT_WET for x of a state outside the wet area.
  *
  * A wet state is found as one whatever the pair: (p,h) and (p,s) by the saturated states at
  * TSP(p); (h,s) by a bracketing search along the saturation line for the temperature at which
  * the dryness fractions from h and from s agree, on either side of the critical entropy and up
  * to the critical point. Such a state has region 4 and x from 0 (saturated water) to 1
- * (saturated steam); on the saturation lines every property is that of the saturated phase.
+ * (saturated steam); on the saturation lines every property is that of the saturated phase,
+ * and a pair within the tolerance of a saturated phase (its values rounded, or p from PST(T))
+ * is that phase, x exactly 0 or 1.
  * A state outside the wet area comes from the refined backward functions of its region and
  * has region 1, 2, 3 or 5. Given values are returned as given. The library's settings hold
  * (tolerance, toleranceMode, checkRangeMode, maxIterations), read at each call.
