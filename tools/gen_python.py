@@ -42,6 +42,7 @@ WATER_PROPERTIES = [
     ('Pr', 'Prandtl number'), ('nu', 'kinematic viscosity [m2/s]'),
     ('kappa', 'isentropic exponent w^2/(p v)'), ('mu_JT', 'Joule-Thomson coefficient [K/Pa]'),
 ]
+THERMAL_CONDUCTIVITY_ALIAS = 'k'
 
 
 def project_version():
@@ -90,6 +91,8 @@ def docs_module(families, notes):
     for family in families:
         for export in family.exports:
             out.append('    %r: %r,' % (export.name, docstring(export, notes)))
+    out += ['}', '', '# The properties of a Water state, as the stub declares them.', 'STATE_PROPERTIES = {']
+    out += ['    %r: %r,' % item for item in WATER_PROPERTIES]
     out += ['}', '']
     return '\n'.join(out)
 
@@ -111,7 +114,8 @@ def stub(families):
     for name, what in WATER_PROPERTIES:
         kind = 'Optional[Value]' if name == 'x' else 'Value'
         out += ['    @property', '    def %s(self) -> %s: ...  # %s' % (name, kind, what)]
-    out += ['    @property', '    def k(self) -> Value: ...  # thermal conductivity [W/(m K)], as lambda_',
+    out += ['    @property', '    def %s(self) -> Value: ...  # thermal conductivity [W/(m K)], as lambda_'
+            % THERMAL_CONDUCTIVITY_ALIAS,
             '    def properties(self) -> dict: ...', '']
     for family in families:
         for export in family.exports:

@@ -379,3 +379,26 @@ DOCS = {
     'SHOWTVLHELP': 'SHOWTVLHELP(parent, *, errors="raise")\n\nAbout box and help. The about box and the help file; on Linux both return 1.0 and show nothing (tvl --about prints the about box\'s texts).\n\nArguments:\n    parent window handle of the owner (0 for none)\n\nReturns 1.0.\n\nRange: parent is a window handle or 0.\n\nDoes not fail.',
     'SHOWABOUT': 'SHOWABOUT(parent, *, errors="raise")\n\nAbout box and help. The about box and the help file; on Linux both return 1.0 and show nothing (tvl --about prints the about box\'s texts).\n\nArguments:\n    parent window handle of the owner (0 for none)\n\nReturns 1.0.\n\nRange: parent is a window handle or 0.\n\nDoes not fail.',
 }
+
+# The properties of a Water state, as the stub declares them.
+STATE_PROPERTIES = {
+    'T': 'temperature [K]',
+    'p': 'pressure [Pa]',
+    'rho': 'density [kg/m3]',
+    'v': 'specific volume [m3/kg]',
+    'u': 'specific internal energy [J/kg]',
+    'h': 'specific enthalpy [J/kg]',
+    's': 'specific entropy [J/(kg K)]',
+    'cp': 'isobaric heat capacity [J/(kg K)]',
+    'cv': 'isochoric heat capacity [J/(kg K)]',
+    'w': 'speed of sound [m/s]',
+    'x': 'dryness fraction, None outside the wet area',
+    'region': 'region of IAPWS-IF97: 1, 2, 3, 5, or 4 in the wet area',
+    'phase': '1 liquid, 2 vapour, 3 supercritical, 4 wet mixture',
+    'eta': 'dynamic viscosity [Pa s]',
+    'lambda_': 'thermal conductivity [W/(m K)]',
+    'Pr': 'Prandtl number',
+    'nu': 'kinematic viscosity [m2/s]',
+    'kappa': 'isentropic exponent w^2/(p v)',
+    'mu_JT': 'Joule-Thomson coefficient [K/Pa]',
+}

@@ -12,6 +12,7 @@ import ctypes
 import math
 
 from . import _batch, _error_text, TavlibError
+from ._docs import STATE_PROPERTIES
 
 try:
     import numpy as np
@@ -24,10 +25,22 @@ _PAIRS = {
     frozenset('pT'): ('p', 'T', 'pT'), frozenset('ph'): ('p', 'h', 'ph'), frozenset('ps'): ('p', 's', 'ps'),
     frozenset('hs'): ('h', 's', 'hs'), frozenset('Tx'): ('T', 'x', 'Tx'), frozenset('px'): ('p', 'x', 'px'),
 }
-_COUNT = 19  # TVLX_STATE_COUNT
+_double, _int32 = ctypes.c_double, ctypes.c_int32
+_double_p, _int32_p = ctypes.POINTER(ctypes.c_double), ctypes.POINTER(ctypes.c_int32)
 _NOT_WET = -1  # TVLX_NOT_WET: the code of x outside the wet area
-# The properties by the names tvlxSTATE gives them; Python names where they differ.
-_NAMES = [_batch.tvlxSTATENAME(k).decode('ascii') for k in range(_COUNT)] if _batch is not None else []
+
+
+def _state_names():
+    """The properties of a state in the order of tvlxSTATE, by the names it gives them."""
+    names = []
+    while _batch is not None and _batch.tvlxSTATENAME(len(names)) is not None:
+        names.append(_batch.tvlxSTATENAME(len(names)).decode('ascii'))
+    return names
+
+
+_NAMES = _state_names()
+_COUNT = len(_NAMES)
+# Python names where those differ.
 _PYTHON_NAME = {'lambda': 'lambda_', 'JT': 'mu_JT'}
 _INDEX = {_PYTHON_NAME.get(name, name): k for k, name in enumerate(_NAMES)}
 _INTEGERS = ('region', 'phase')
@@ -61,9 +74,9 @@ class Water:
 
     __slots__ = ('_given', '_values', '_codes', '_errors')
 
-    def __init__(self, errors='raise', **pair):
+    def __init__(self, *, errors='raise', **pair):
         if _batch is None:
-            raise RuntimeError('Water needs the batch library libtavlib6x beside %s' % 'libtavlib6')
+            raise RuntimeError('Water needs the batch library libtavlib6x beside libtavlib6')
         if errors not in ('raise', 'nan'):
             raise ValueError('errors must be "raise" or "nan", not %r' % (errors,))
         known = _PAIRS.get(frozenset(pair))
@@ -158,32 +171,11 @@ class Water:
     def __repr__(self):
         return 'Water(%s)' % ', '.join('%s=%r' % item for item in self._given)
 
-    def __eq__(self, other):
-        return isinstance(other, Water) and repr(self) == repr(other)
-
-    def __hash__(self):
-        return hash(repr(self))
-
 
 def _make_property(name, doc):
     return property(lambda self: self._property(name), doc=doc)
 
 
-_DOCS = {
-    'T': 'temperature [K]', 'p': 'pressure [Pa]', 'rho': 'density [kg/m3]', 'v': 'specific volume [m3/kg]',
-    'u': 'specific internal energy [J/kg]', 'h': 'specific enthalpy [J/kg]', 's': 'specific entropy [J/(kg K)]',
-    'cp': 'isobaric heat capacity [J/(kg K)]; none for a wet mixture',
-    'cv': 'isochoric heat capacity [J/(kg K)]', 'w': 'speed of sound [m/s]',
-    'x': 'dryness fraction: 0 to 1 in the wet area, None outside it', 'region': 'region of IAPWS-IF97, 4 if wet',
-    'phase': '1 liquid, 2 vapour, 3 supercritical, 4 wet mixture', 'eta': 'dynamic viscosity [Pa s]',
-    'lambda_': 'thermal conductivity [W/(m K)]', 'Pr': 'Prandtl number', 'nu': 'kinematic viscosity [m2/s]',
-    'kappa': 'isentropic exponent w^2/(p v)', 'mu_JT': 'Joule-Thomson coefficient [K/Pa]',
-}
 for _name in _INDEX:
-    setattr(Water, _name, _make_property(_name, _DOCS.get(_name)))
+    setattr(Water, _name, _make_property(_name, STATE_PROPERTIES.get(_name)))
 Water.k = Water.lambda_  # thermal conductivity, as the heat-transfer books write it
-
-_double = ctypes.c_double
-_int32 = ctypes.c_int32
-_double_p = ctypes.POINTER(ctypes.c_double)
-_int32_p = ctypes.POINTER(ctypes.c_int32)
