@@ -168,7 +168,7 @@ def _declare(name, result, params):
     batchable = arrays_available and numeric and _batch.tvlxCANEVALUATE(name.encode('ascii')) == 1
     evaluator = _arrays.Evaluator(_batch, name, result, params, _array_error) if batchable else None
 
-    def plain(*args, errors='raise'):
+    def plain(errors, *args):
         cells = [ctypes.c_double(0.0) for _ in outputs]
         values, given, cell_iter = [], iter(args), iter(cells)
         for kind, _ in params:
@@ -197,15 +197,18 @@ def _declare(name, result, params):
             args = _bind(name, inputs, args, named)
         if errors not in ('raise', 'nan'):
             raise ValueError('errors must be "raise" or "nan", not %r' % (errors,))
-        if all(type(arg) in _SCALARS for arg in args):
-            return plain(*args, errors=errors)
+        for arg in args:
+            if type(arg) not in _SCALARS:
+                break
+        else:
+            return plain(errors, *args)
         if evaluator is not None:
+            if _arrays.array_arguments(args) is None:
+                return plain(errors, *_arrays.scalar_arguments(args))
             if any(_arrays.is_dask(arg) for arg in args):
                 return _arrays.evaluate_dask(evaluator, args, errors)
-            if _arrays.array_arguments(args) is not None:
-                return evaluator.evaluate(args, errors)
-            return plain(*_arrays.scalar_arguments(args), errors=errors)
-        return _over_lists(lambda *each: plain(*each, errors=errors), args)
+            return evaluator.evaluate(args, errors)
+        return _over_lists(lambda *each: plain(errors, *each), args)
 
     call.__name__ = call.__qualname__ = name
     call.__doc__ = DOCS.get(name)
