@@ -74,7 +74,7 @@ tsan:
 # tavlib6.dll for 64-bit and 32-bit Windows, cross-compiled with mingw-w64, and a check that
 # each exports exactly the listed functions under their plain names.
 windows:
-	@sh tools/windows/install_packages.sh $(MINGW_PACKAGES)
+	@sh tools/install_packages.sh $(MINGW_PACKAGES)
 	@test -f $(WIN64_BUILD)/CMakeCache.txt || cmake -S . -B $(WIN64_BUILD) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64-x86_64.cmake -DCMAKE_BUILD_TYPE=Release -DTAVLIB6_TESTS=OFF
 	@test -f $(WIN32_BUILD)/CMakeCache.txt || cmake -S . -B $(WIN32_BUILD) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64-i686.cmake -DCMAKE_BUILD_TYPE=Release -DTAVLIB6_TESTS=OFF
 	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6
@@ -83,7 +83,7 @@ windows:
 
 # The 64-bit DLL under Wine: the same calls as the Linux library, and the about box on screen.
 windows-test: windows configure
-	@sh tools/windows/install_packages.sh $(WINE_PACKAGES)
+	@sh tools/install_packages.sh $(WINE_PACKAGES)
 	cmake --build $(BUILD) -j $(JOBS) --target tavlib6_call_check
 	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6_call_check tavlib6_about_check
 	bash tools/windows/wine_test.sh $(BUILD) $(WIN64_BUILD)
