@@ -10,7 +10,7 @@ WIN32_BUILD ?= build-win32
 MINGW_PACKAGES = g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64
 WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
 
-.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test
+.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test octave octave-test dist-windows
 
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
@@ -26,8 +26,12 @@ configure:
 run: all
 	@sh tools/steam_table.sh $(BUILD)/tvl
 
+# Octave and its MEX compiler for the octave_mex test, which skips without them.
+OCTAVE_PACKAGES = octave liboctave-dev
+
 test:
 	-@sh tools/install_packages.sh $(TEST_PACKAGES)
+	-@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
 	@$(MAKE) --no-print-directory all
 	cd $(BUILD) && ctest -j $(JOBS) --output-on-failure
 
@@ -87,6 +91,15 @@ windows-test: windows configure
 	cmake --build $(BUILD) -j $(JOBS) --target tavlib6_call_check
 	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6_call_check tavlib6_about_check
 	bash tools/windows/wine_test.sh $(BUILD) $(WIN64_BUILD)
+
+# build/tavlib6.mex, the library for GNU Octave (and MATLAB): tavlib6('HPT', p, T).
+octave: all
+	@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
+	sh hosts/octave/build.sh $(BUILD)
+
+octave-test: all
+	@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
+	sh tests/hosts/octave_test.sh $(BUILD)
 
 clean:
 	rm -rf $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(TSAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)
