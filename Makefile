@@ -101,5 +101,19 @@ octave-test: all
 	@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
 	sh tests/hosts/octave_test.sh $(BUILD)
 
+# dist/tavlib6-windows.zip: both DLLs (and the batch library where it builds) with their import
+# libraries, the headers, the Excel module, the help file tavlib6.chm built from docs/ and a
+# README for spreadsheet users.
+DIST ?= dist
+CHM_PACKAGES = python3-markdown fp-utils
+DEBIAN_PYTHON = $(firstword $(wildcard /usr/bin/python3) python3)
+
+dist-windows: windows
+	@sh tools/windows/install_packages.sh $(CHM_PACKAGES)
+	-cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6x
+	-cmake --build $(WIN32_BUILD) -j $(JOBS) --target tavlib6x
+	$(DEBIAN_PYTHON) tools/gen_chm.py $(WIN64_BUILD)
+	python3 hosts/windows/make_bundle.py $(DIST)/tavlib6-windows.zip $(WIN64_BUILD) $(WIN32_BUILD) $(WIN64_BUILD)/tavlib6.chm
+
 clean:
-	rm -rf $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(TSAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)
+	rm -rf $(DIST) $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(TSAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)
