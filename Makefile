@@ -85,12 +85,15 @@ windows:
 	cmake --build $(WIN32_BUILD) -j $(JOBS) --target tavlib6
 	python3 tools/check_exports.py $(WIN64_BUILD)/tavlib6.dll $(WIN32_BUILD)/tavlib6.dll
 
-# The 64-bit DLL under Wine: the same calls as the Linux library, and the about box on screen.
-windows-test: windows configure
+# The 64-bit DLL under Wine: the same calls as the Linux library, the about box on screen, the
+# Excel module's declarations against both DLLs, and the help file of the bundle in the viewer.
+windows-test: dist-windows configure
 	@sh tools/windows/install_packages.sh $(WINE_PACKAGES)
 	cmake --build $(BUILD) -j $(JOBS) --target tavlib6_call_check
 	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6_call_check tavlib6_about_check
 	bash tools/windows/wine_test.sh $(BUILD) $(WIN64_BUILD)
+	python3 tests/hosts/excel_bas_check.py $(WIN64_BUILD)/tavlib6.dll $(WIN32_BUILD)/tavlib6.dll
+	bash tools/windows/help_test.sh $(WIN64_BUILD) $(WIN64_BUILD)/tavlib6.chm
 
 # build/tavlib6.mex, the library for GNU Octave (and MATLAB): tavlib6('HPT', p, T).
 octave: all

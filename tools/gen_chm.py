@@ -109,7 +109,7 @@ Language=0x409 English (United States)
 Title={title}
 
 [WINDOWS]
-main="{title}","tavlib6.hhc","tavlib6.hhk","index.html","index.html",,,,,0x63520,220,0x384e,[80,60,1000,760],,,,,,,0
+main="{title}","tavlib6.hhc","tavlib6.hhk","index.html","index.html",,,,,0x63520,320,0x384e,[80,60,1000,760],,,,,,,0
 
 [FILES]
 {files}
