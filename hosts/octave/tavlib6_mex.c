@@ -193,6 +193,64 @@ static void callDirectly(const ExportRow* row, const mxArray* const* numbers, si
     if (nlhs > 1) plhs[1] = mxCreateDoubleScalar(code);
 }
 
+/* The export over arrays in one call of the batch library: the value and the output cells in
+ * the broadcast shape, and with one more return value the error code of every element. */
+static void evaluate(const ExportRow* row, const mxArray* const* numbers, size_t numberCount, const char* const* texts,
+                     int nanOnFailure, int nlhs, mxArray* plhs[]) {
+    const size_t outputCount = countKinds(row->kinds, "o");
+    size_t k;
+    mwSize shape[kMaxDimensions];
+    const mwSize dims = broadcastShape(numbers, numberCount, row->name, shape);
+    size_t count = 1;
+    const double* columns[kMaxArguments];
+    int64_t strides[kMaxArguments];
+    double* cells[kMaxArguments];
+    mxArray* results;
+    mxArray* outputs[kMaxArguments];
+    int32_t* codes;
+    int64_t failed = 0;
+    for (k = 0; k < (size_t)dims; ++k) count *= (size_t)shape[k];
+
+    for (k = 0; k < numberCount; ++k) {
+        const size_t n = mxGetNumberOfElements(numbers[k]);
+        strides[k] = n == 1 ? 0 : 1;
+        columns[k] = n == 1 || n == count ? mxGetPr(numbers[k]) : expand(numbers[k], shape, dims, count);
+    }
+    results = mxCreateNumericArray(dims, shape, mxDOUBLE_CLASS, mxREAL);
+    for (k = 0; k < outputCount; ++k) {
+        outputs[k] = mxCreateNumericArray(dims, shape, mxDOUBLE_CLASS, mxREAL);
+        cells[k] = mxGetPr(outputs[k]);
+    }
+    codes = (int32_t*)mxCalloc(count ? count : 1, sizeof(int32_t));
+    if (count > 0)
+        failed = tvlxEVALUATE(row->name, (int64_t)count, columns, strides, texts, mxGetPr(results), cells, codes);
+    if (failed < 0)
+        mexErrMsgIdAndTxt("tavlib6:name", "%s: cannot be evaluated over arrays", row->name);
+    if (failed > 0) {
+        for (k = 0; k < count && codes[k] == 0; ++k) {
+        }
+        if (!nanOnFailure) fail(row->name, codes[k], k, count);
+        for (k = 0; k < count; ++k) {
+            size_t j;
+            if (codes[k] == 0) continue;
+            mxGetPr(results)[k] = mxGetNaN();
+            for (j = 0; j < outputCount; ++j) cells[j][k] = mxGetNaN();
+        }
+    }
+    plhs[0] = results;
+    for (k = 0; k < outputCount; ++k) {
+        if ((size_t)nlhs > k + 1) plhs[k + 1] = outputs[k];
+        else mxDestroyArray(outputs[k]);
+    }
+    if ((size_t)nlhs > outputCount + 1) {
+        plhs[outputCount + 1] = mxCreateNumericArray(dims, shape, mxDOUBLE_CLASS, mxREAL);
+        for (k = 0; k < count; ++k) mxGetPr(plhs[outputCount + 1])[k] = codes[k];
+    }
+    mxFree(codes);
+    for (k = 0; k < numberCount; ++k)
+        if (columns[k] != mxGetPr(numbers[k])) mxFree((void*)columns[k]);
+}
+
 void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
     const ExportRow* row;
     char* name;
@@ -239,57 +297,10 @@ void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
 
     if (row->direct != NULL) {
         callDirectly(row, numbers, numberCount, texts, nanOnFailure, nlhs, plhs);
-        return;
+    } else {
+        evaluate(row, numbers, numberCount, texts, nanOnFailure, nlhs, plhs);
     }
 
-    {
-        mwSize shape[kMaxDimensions];
-        const mwSize dims = broadcastShape(numbers, numberCount, row->name, shape);
-        size_t count = 1;
-        const double* columns[kMaxArguments];
-        int64_t strides[kMaxArguments];
-        double* cells[kMaxArguments];
-        mxArray* results;
-        mxArray* outputs[kMaxArguments];
-        int32_t* codes;
-        int64_t failed = 0;
-        for (k = 0; k < (size_t)dims; ++k) count *= (size_t)shape[k];
-
-        for (k = 0; k < numberCount; ++k) {
-            const size_t n = mxGetNumberOfElements(numbers[k]);
-            strides[k] = n == 1 ? 0 : 1;
-            columns[k] = n == 1 || n == count ? mxGetPr(numbers[k]) : expand(numbers[k], shape, dims, count);
-        }
-        results = mxCreateNumericArray(dims, shape, mxDOUBLE_CLASS, mxREAL);
-        for (k = 0; k < outputCount; ++k) {
-            outputs[k] = mxCreateNumericArray(dims, shape, mxDOUBLE_CLASS, mxREAL);
-            cells[k] = mxGetPr(outputs[k]);
-        }
-        codes = (int32_t*)mxCalloc(count ? count : 1, sizeof(int32_t));
-        if (count > 0)
-            failed = tvlxEVALUATE(row->name, (int64_t)count, columns, strides, texts, mxGetPr(results), cells, codes);
-        if (failed < 0)
-            mexErrMsgIdAndTxt("tavlib6:name", "%s: cannot be evaluated over arrays", row->name);
-        if (failed > 0) {
-            for (k = 0; k < count && codes[k] == 0; ++k) {
-            }
-            if (!nanOnFailure) fail(row->name, codes[k], k, count);
-            for (k = 0; k < count; ++k) {
-                size_t j;
-                if (codes[k] == 0) continue;
-                mxGetPr(results)[k] = mxGetNaN();
-                for (j = 0; j < outputCount; ++j) cells[j][k] = mxGetNaN();
-            }
-        }
-        plhs[0] = results;
-        for (k = 0; k < outputCount; ++k) {
-            if ((size_t)nlhs > k + 1) plhs[k + 1] = outputs[k];
-            else mxDestroyArray(outputs[k]);
-        }
-        if ((size_t)nlhs > outputCount + 1) {
-            plhs[outputCount + 1] = mxCreateNumericArray(dims, shape, mxDOUBLE_CLASS, mxREAL);
-            for (k = 0; k < count; ++k) mxGetPr(plhs[outputCount + 1])[k] = codes[k];
-        }
-        mxFree(codes);
-    }
+    for (k = 0; k < textCount; ++k) mxFree((void*)texts[k]);
+    mxFree(name);
 }
