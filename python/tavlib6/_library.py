@@ -14,7 +14,7 @@ import sys
 HERE = os.path.dirname(os.path.abspath(__file__))
 
 if sys.platform == 'win32':
-    NAMES = ('tavlib6.dll', 'tavlib6x.dll')
+    NAMES = ('tavlib6.dll', 'libtavlib6x.dll')
 elif sys.platform == 'darwin':
     NAMES = ('libtavlib6.dylib', 'libtavlib6x.dylib')
 else:
@@ -59,8 +59,7 @@ def load_batch_library(library_path):
     if explicit:
         candidate = explicit
     elif folder:
-        stem, extension = os.path.splitext(os.path.basename(library_path))
-        candidate = os.path.join(folder, stem + 'x' + extension)
+        candidate = os.path.join(folder, NAMES[1])
     else:
         candidate = ctypes.util.find_library('tavlib6x') or NAMES[1]
     try:
