@@ -28,6 +28,7 @@ class FamilyNotes:
         self.about, self.range, self.errors = '', '', None
         self.example, self.output = None, []
         self.arguments, self.results = {}, {}
+        self.releases, self.behaviours, self.checks = [], [], []
 
 
 class Notes:
@@ -62,6 +63,12 @@ def read_notes(path=NOTES):
                 continue
             sys.exit('%s: cannot read "%s"' % (where, line))
         label, colon, text = line.partition(':')
+        if family is not None and colon and label in CHECKS:
+            family.checks.append(read_check(label, text, where))
+            continue
+        if family is not None and colon and label in ('release', 'note'):
+            (family.releases if label == 'release' else family.behaviours).append(text.strip())
+            continue
         if family is None or not colon or label not in ('about', 'range', 'errors', 'example', 'output'):
             sys.exit('%s: cannot read "%s"' % (where, line))
         text = text.strip()
@@ -72,6 +79,76 @@ def read_notes(path=NOTES):
         else:
             setattr(family, label, text)
     return notes
+
+
+CHECKS = ('limits', 'fails', 'answers', 'default')
+
+
+class Check:
+    """One machine-read line of a family's notes: what a call must do (see the head of notes.txt)."""
+
+    def __init__(self, kind, name, args, expected=None, from_pt=False):
+        self.kind, self.name, self.args, self.expected, self.from_pt = kind, name, args, expected, from_pt
+
+    def varying(self):
+        """Index and (low, high) of the argument written LO..HI; each end is (edge, beyond) or None."""
+        for k, arg in enumerate(self.args):
+            if '..' in arg:
+                ends = []
+                for end in arg.split('..'):
+                    edge, _, beyond = end.partition('~')
+                    ends.append(None if edge == '*' else (float(edge), float(beyond) if beyond else None))
+                return k, ends
+        return None, None
+
+
+def read_check(kind, text, where):
+    words = text.split()
+    expected = None
+    if kind in ('fails', 'default'):
+        if '=' not in words or words.index('=') != len(words) - 2:
+            sys.exit('%s: %s needs "= VALUE" at its end' % (where, kind))
+        expected, words = words[-1], words[:-2]
+    if not words:
+        sys.exit('%s: %s names no export' % (where, kind))
+    from_pt = len(words) > 1 and words[1] == 'from-pT'
+    check = Check(kind, words[0], words[2:] if from_pt else words[1:], expected, from_pt)
+    if kind == 'limits' and check.varying()[0] is None:
+        sys.exit('%s: limits needs one argument written LO..HI' % where)
+    return check
+
+
+def describe_check(check, names=()):
+    """A checked line in words, for the page."""
+    call = 'tvl%s(%s)' % (check.name, ', '.join(check.args))
+    if check.kind == 'default':
+        return '`tvl%s()` is %s after loading' % (check.name, check.expected)
+    if check.kind == 'fails':
+        return '`%s` fails with code %s' % (call, check.expected)
+    if check.kind == 'answers':
+        return '`%s` answers' % call
+    k, ends = check.varying()
+    shown = list(check.args)
+    shown[k] = 'T' if check.from_pt else (names[k] if k < len(names) else 'the argument')
+    if check.from_pt:
+        call = 'tvl%s(%s)` of the state (p = %s, T)' % (check.name, ', '.join(pair_of(check.name)), shown[0])
+    else:
+        call = 'tvl%s(%s)`' % (check.name, ', '.join(shown))
+    parts = []
+    for end, word in zip(ends, ('from', 'to')):
+        if end is not None:
+            parts.append('%s %s' % (word, end_text(end)))
+    return '`%s answers for %s %s; beyond, it fails' % (call, shown[k], ' '.join(parts))
+
+
+def pair_of(name):
+    """The arguments a from-pT check hands to the export, by the last letters of its name."""
+    return {'HS': ('h', 's'), 'PH': ('p', 'h'), 'PS': ('p', 's')}[name[-2:]]
+
+
+def end_text(end):
+    edge, beyond = end
+    return '%.12g' % edge + (' (fails at %.12g)' % beyond if beyond is not None else '')
 
 
 def quantity(pairs, name):
@@ -169,6 +246,22 @@ def family_page(family, notes):
         out.append('| `tvl%s(%s)` | %s | %s |' % (e.name, shown_ins, described.replace('|', '/'),
                                                  describe_result(e, notes, own).replace('|', '/')))
     out.append('')
+
+    if own.releases:
+        out += ['**Releases.**', '']
+        out += ['- %s' % text for text in own.releases]
+        out.append('')
+    if own.checks:
+        out += ['**Checked by the tests.** Each line is run against the library by tests/python/test_docs.py; '
+                '"beyond" means a step of 1e-9 times the edge (1e-9 below 1) unless a value is named.', '']
+        inputs = {e.name: [n for t, n in e.flat_params() if t != 'double*'] for e in family.exports}
+        out += ['- %s' % describe_check(check, inputs.get(check.name, ())) for check in own.checks]
+        out.append('')
+
+    if own.behaviours:
+        out += ['## Behaviours to know', '']
+        out += ['- %s' % text for text in own.behaviours]
+        out.append('')
 
     if own.example:
         out += ['## Example', '', '```sh', '$ ' + own.example] + own.output + ['```', '']
