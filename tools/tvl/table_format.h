@@ -15,6 +15,7 @@ bool parseNumberList(const std::string& text, std::vector<double>& values);
 
 int runTable(int argc, char** argv);
 int runChart(int argc, char** argv);
+int runState(int argc, char** argv);
 
 }  // namespace tvlcli
 
