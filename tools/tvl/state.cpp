@@ -19,8 +19,6 @@ namespace {
 constexpr int kUsageError = 1;
 constexpr int kCallFailed = 2;
 constexpr double kCriticalPressure = 22.064e6;
-constexpr double kCriticalTemperature = 647.096;
-constexpr double kCriticalDensity = 322.0;
 
 struct Quantity {
     char name;
@@ -42,10 +40,13 @@ const char* regionText(const WaterState& s) {
 }
 
 const char* phaseText(const WaterState& s) {
-    if (s.region == 4) return s.x == 0 ? "saturated liquid" : s.x == 1 ? "saturated vapour" : "liquid and vapour";
-    if (s.p >= kCriticalPressure && s.T >= kCriticalTemperature) return "supercritical fluid";
-    if (s.region == 1 || (s.region == 3 && 1.0 / s.v > kCriticalDensity)) return "liquid";
-    return "vapour";
+    switch (s.phase) {
+    case 1: return s.region == 4 ? "saturated liquid" : "liquid";
+    case 2: return s.region == 4 ? "saturated vapour" : "vapour";
+    case 3: return "supercritical fluid";
+    case 4: return "liquid and vapour";
+    }
+    return "?";
 }
 
 // Pads to a width in characters on the screen: the degree and micro signs are two bytes.
