@@ -40,10 +40,8 @@ def code_of(name, *args):
 def from_state(name, p, T):
     """The (h,s), (p,h) or (p,s) arguments of the state (p,T), from the equations unchecked."""
     tavlib6.SETCHECKRANGEMODE(0)
-    try:
-        h, s = tavlib6.HPT(p, T), tavlib6.SPT(p, T)
-    finally:
-        tavlib6.SETCHECKRANGEMODE(1)
+    h, s = tavlib6.HPT(p, T), tavlib6.SPT(p, T)
+    tavlib6.SETCHECKRANGEMODE(1)
     return {'HS': (h, s), 'PH': (p, h), 'PS': (p, s)}[name[-2:]]
 
 
@@ -107,15 +105,13 @@ class DocsTest(unittest.TestCase):
                     self.assertEqual(code_of(check.name, *args), int(check.expected), where)
                     shown.add(int(check.expected))
                 ran += 1
-            numbers = family.example and any(number_or_text(w) != w for w in shlex.split(family.example)[3:])
+            name, *args = [number_or_text(w) for w in shlex.split(family.example)[1:]]
+            if name == '-p':
+                name, *args = args[1:]
+            numbers = [k for k, a in enumerate(args) if not isinstance(a, str)]
             if numbers and 1 in (family.errors or []):
-                # A NaN as the last number of the example is code 1.
-                words = shlex.split(family.example)[1:]
-                words = words[2:] if words[0] == '-p' else words
-                args = [number_or_text(w) for w in words[1:]]
-                last = max(k for k, a in enumerate(args) if not isinstance(a, str))
-                args[last] = math.nan
-                self.assertEqual(code_of(words[0], *args), 1, stem)
+                args[numbers[-1]] = math.nan  # a NaN as the last number of the example is code 1
+                self.assertEqual(code_of(name, *args), 1, stem)
                 shown.add(1)
             self.assertEqual(set(family.errors or []) - shown - UNPROVOKED, set(), stem + ': codes not shown')
         self.assertGreater(ran, 80)
