@@ -279,10 +279,14 @@ def family_page(family, notes):
 def index_page(families, notes):
     out = ['# tavlib6 reference', '', NOTICE, '',
            'One page per family of functions: arguments with their units, the result, the range, the error',
-           'codes and an example. All values are SI. Every function is `tvl` + the name shown; the Python',
-           'module has each under its name without the prefix (`tavlib6.HPT`), `tvl NAME ARGS...` calls it',
-           'from the command line. Arrays of inputs are evaluated by the batch library, see',
-           '[batch evaluation](batch.md).', '', '## Families', '', '| family | functions |', '|---|---|']
+           'codes, the behaviours to know and an example; every range, default and code a page states is',
+           'checked against the library by tests/python/test_docs.py. All values are SI. Every function is',
+           '`tvl` + the name shown; the Python module has each under its name without the prefix',
+           '(`tavlib6.HPT`), `tvl NAME ARGS...` calls it from the command line (arguments may carry units,',
+           '`tvl HPT 100bar 550C`) and `tvl NAME --help` prints its part of these pages. Arrays of inputs',
+           'are evaluated by the batch library, see [batch evaluation](batch.md).', '',
+           '![h-s chart drawn by tvl chart hs](img/hs.png)', '', '## Families', '', '| family | functions |',
+           '|---|---|']
     for family in families:
         out.append('| [%s](%s.md) | %d |' % (family.title, family.stem, len(family.exports)))
     out += ['', '## Units', '', '| argument | quantity | unit |', '|---|---|---|']

@@ -435,6 +435,7 @@ bool drawExpansion(Chart& chart, const std::vector<double>& e) {
     }
     chart.draw(chart.pixels({inlet, ideal}), "stroke:#444;stroke-width:1.6;stroke-dasharray:6,4");
     chart.draw(chart.pixels({inlet, outlet}), "stroke:#d35400;stroke-width:3");
+    chart.labels.avoid(chart.pixels({ideal, inlet, outlet}));
     chart.svg.endGroup();
     mark(chart, chart.pixel(inlet), "1", "#d35400");
     mark(chart, chart.pixel(outlet), "2", "#d35400");
@@ -444,7 +445,7 @@ bool drawExpansion(Chart& chart, const std::vector<double>& e) {
                           format(" to %g MPa", p2 * 1e-6) + format(", efficiency %g", eff) +
                           format(": h1 - h2 = %.1f kJ/kg", (inlet.h - outlet.h) * 1e-3) +
                           (std::isnan(x) || x >= 1 ? "" : format(", x2 = %.4f", x));
-    chart.svg.text(kRight, 30, caption, "font-size:12px;fill:#d35400", "end");
+    chart.svg.text(kRight, 71, caption, "font-size:12px;fill:#d35400", "end");
     return true;
 }
 
