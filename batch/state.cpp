@@ -266,7 +266,7 @@ bool findWetHS(StateBuilder& state, double h, double s, double& T, double& x) {
     const double atLine = excess(saturatedT);
     if (!(atLowest <= onLine && atLine >= -onLine)) return false;
 
-    T = atLine <= 0.0 ? saturatedT : bracketedRoot(excess, kLowestSaturationTemperature, saturatedT, atLowest, atLine);
+    T = atLine <= onLine ? saturatedT : bracketedRoot(excess, kLowestSaturationTemperature, saturatedT, atLowest, atLine);
     if (T == saturatedT) {
         x = waterSide ? 0.0 : 1.0;
         return true;
@@ -277,15 +277,22 @@ bool findWetHS(StateBuilder& state, double h, double s, double& T, double& x) {
 }
 
 // The dryness fraction of (p, value), value h or s, where p is a saturation pressure and the
-// value lies between those of saturated water and steam (both included).
+// value lies between those of saturated water and steam. A value given as that of a saturated
+// phase may differ from it in the last places, and TSP(p) holds the temperature only to the
+// tolerance, which near the critical point moves the saturated values far more: a value within
+// what that moves, plus the tolerance of the value itself, is on the saturation line.
 bool findWetByPressure(StateBuilder& state, double p, double value, Method1 water, Method1 steam, double& T,
                        double& x, bool& nearWater) {
     T = state.f.TSP(p);
     if (state.f.lastError != 0) return false;
+    const double tolerance = state.f.settings.tolerance;
     const double lower = state.need(water, T), upper = state.need(steam, T);
+    const double shifted = T * (1.0 - tolerance), own = tolerance * (std::fabs(value) + 1e3);
+    const double lowerMargin = std::fabs(state.need(water, shifted) - lower) + own;
+    const double upperMargin = std::fabs(state.need(steam, shifted) - upper) + own;
     nearWater = value - lower < upper - value;
-    if (!(upper > lower && value >= lower && value <= upper)) return false;
-    x = (value - lower) / (upper - lower);
+    if (!(upper > lower && value >= lower - lowerMargin && value <= upper + upperMargin)) return false;
+    x = value <= lower + lowerMargin ? 0.0 : value >= upper - upperMargin ? 1.0 : (value - lower) / (upper - lower);
     return true;
 }
 
@@ -361,6 +368,9 @@ void requireFraction(double x) {
 }
 
 void solve(StateBuilder& state, Pair pair, double a, double b) {
+    // The margins of the wet tests scale with the values: a NaN or an infinity must not reach them.
+    if (std::isnan(a) || std::isnan(b)) throw Failure{tvl::kBadParameters};
+    if (std::isinf(a) || std::isinf(b)) throw Failure{tvl::kOutOfRange};
     switch (pair) {
         case Pair::PT: solvePT(state, a, b); break;
         case Pair::PH: solvePressurePair(state, a, b, true); break;
