@@ -25,43 +25,6 @@ double checked(double value) {
     return tvlGETLASTERROR() == 0 ? value : std::nan("");
 }
 
-bool parseNumberList(const std::string& text, std::vector<double>& values) {
-    const auto number = [](const std::string& word, double& value) {
-        char* end = nullptr;
-        value = std::strtod(word.c_str(), &end);
-        return !word.empty() && *end == '\0' && std::isfinite(value);
-    };
-    const size_t colon = text.find(':');
-    if (colon != std::string::npos) {
-        const size_t second = text.find(':', colon + 1);
-        double from = 0, to = 0, step = 0;
-        if (second == std::string::npos || !number(text.substr(0, colon), from) ||
-            !number(text.substr(colon + 1, second - colon - 1), to) || !number(text.substr(second + 1), step) ||
-            step <= 0 || to < from || (to - from) / step > 100000)
-            return false;
-        // The end is kept when the steps reach it within rounding.
-        for (int k = 0; from + k * step <= to * (1 + 1e-12) + 1e-12; ++k) values.push_back(from + k * step);
-        return true;
-    }
-    size_t start = 0;
-    while (start <= text.size()) {
-        const size_t comma = text.find(',', start);
-        const std::string word = text.substr(start, comma == std::string::npos ? std::string::npos : comma - start);
-        double value = 0;
-        if (!number(word, value)) return false;
-        values.push_back(value);
-        if (comma == std::string::npos) break;
-        start = comma + 1;
-    }
-    return !values.empty();
-}
-
-namespace {
-
-constexpr int kUsageError = 1;
-constexpr double kCriticalPressure = 22.064e6;
-constexpr double kCriticalTemperature = 647.096;
-
 // Reads "a,b,c" or "from:to:step", each with an optional unit of siUnit ("100C:300C:50C"); a
 // step's unit counts as a difference (50C is 50 K).
 bool parseQuantityList(const std::string& text, const char* siUnit, std::vector<double>& values) {
@@ -97,6 +60,17 @@ bool parseQuantityList(const std::string& text, const char* siUnit, std::vector<
     }
     return !values.empty();
 }
+
+bool parseNumberList(const std::string& text, std::vector<double>& values) {
+    return parseQuantityList(text, "-", values);
+}
+
+namespace {
+
+constexpr int kUsageError = 1;
+constexpr double kCriticalPressure = 22.064e6;
+constexpr double kCriticalTemperature = 647.096;
+
 
 struct Column {
     const char* title;
