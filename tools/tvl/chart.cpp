@@ -381,7 +381,8 @@ void markCriticalPoint(Chart& chart) {
     }
 }
 
-int drawLines(Chart& chart) {
+// Draws the families of lines and their labels; returns the labels that found no free place.
+std::string drawLines(Chart& chart) {
     chart.svg.beginGroup("clip-path=\"url(#plot)\"");
     std::vector<std::pair<const LineFamily*, std::vector<Drawn>>> drawn;
     const std::vector<LineFamily> list = families(chart.kind);
@@ -400,11 +401,17 @@ int drawLines(Chart& chart) {
     chart.labels.avoid(saturation);
     chart.svg.beginGroup("id=\"labels\"");
     markCriticalPoint(chart);
-    int unlabelled = 0;
+    std::string unlabelled;
     for (const auto& [family, lines] : drawn) {
-        const std::string style = format("font-size:%gpx;fill:", family->labelSize) + family->labelColour + kHalo;
-        for (const Drawn& line : lines)
-            unlabelled += !chart.labels.place(chart.svg, line.pixels, line.label, style, family->labelSize);
+        // Where a line has no room for its label, a smaller one is tried.
+        for (const Drawn& line : lines) {
+            bool placed = false;
+            for (double size = family->labelSize; !placed && size >= family->labelSize - 2; size -= 1) {
+                const std::string style = format("font-size:%gpx;fill:", size) + family->labelColour + kHalo;
+                placed = chart.labels.place(chart.svg, line.pixels, line.label, style, size);
+            }
+            if (!placed) unlabelled += (unlabelled.empty() ? "" : ", ") + line.label;
+        }
     }
     chart.svg.endGroup();
     return unlabelled;
@@ -567,8 +574,8 @@ int runChart(int argc, char** argv) {
                          label.c_str(), point[0], point[1]);
         mark(chart, pixel, label, "#000000");
     }
-    const int unlabelled = drawLines(chart);
-    if (unlabelled > 0) chart.svg.comment(format("%g lines without a free place for their label", unlabelled));
+    const std::string unlabelled = drawLines(chart);
+    if (!unlabelled.empty()) chart.svg.comment("lines without a free place for their label: " + unlabelled);
 
     if (!writeChart(chart.svg.str(), out)) return kUsageError;
     return status;
