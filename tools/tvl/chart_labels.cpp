@@ -136,7 +136,7 @@ bool LabelPlacer::tryAlong(SvgDocument& svg, const std::vector<Point>& line, con
 bool LabelPlacer::place(SvgDocument& svg, const std::vector<Point>& line, const std::string& text,
                         const std::string& style, double size) {
     // The stretches of the line inside the plot, each end marked when the line crosses the frame
-    // there (its neighbour beyond the end is a point outside the plot, not a gap or the end).
+    // there (its neighbour beyond the end is a point outside the plot) or ends on it.
     struct End {
         std::vector<Point> inward;
         bool crossesFrame;
@@ -151,8 +151,11 @@ bool LabelPlacer::place(SvgDocument& svg, const std::vector<Point>& line, const 
         size_t last = k;
         while (last + 1 < line.size() && valid(line[last + 1]) && plot.contains(line[last + 1])) ++last;
         const std::vector<Point> stretch(line.begin() + k, line.begin() + last + 1);
-        const bool startCrosses = k > 0 && valid(line[k - 1]);
-        const bool endCrosses = last + 1 < line.size() && valid(line[last + 1]);
+        const auto onFrame = [&](Point p) {
+            return p.x - plot.left < 1.5 || plot.right - p.x < 1.5 || p.y - plot.top < 1.5 || plot.bottom - p.y < 1.5;
+        };
+        const bool startCrosses = (k > 0 && valid(line[k - 1])) || onFrame(line[k]);
+        const bool endCrosses = (last + 1 < line.size() && valid(line[last + 1])) || onFrame(line[last]);
         ends.push_back({stretch, startCrosses});
         ends.push_back({std::vector<Point>(stretch.rbegin(), stretch.rend()), endCrosses});
         k = last + 1;
