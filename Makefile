@@ -15,9 +15,10 @@ WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
 
-# Packages that tests use when they are there (numpy, rsvg-convert); failing to install them
-# (no root, no network) only makes those tests skip.
-TEST_PACKAGES = python3-numpy librsvg2-bin
+# Packages that tests use when they are there (numpy, dask, iapws as a second implementation,
+# pip/venv/wheel for the wheel test, rsvg-convert); failing to install them (no root, no
+# network) only makes those tests skip.
+TEST_PACKAGES = python3-numpy python3-dask python3-iapws python3-pip python3-venv python3-setuptools python3-wheel librsvg2-bin
 
 configure:
 	@test -f $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
