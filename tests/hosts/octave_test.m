@@ -6,7 +6,7 @@
 
 function [values, status, text] = tvl(varargin)
   % tvl NAME ARGS...: the value, or the output cells as name=value lines, and the exit status.
-  command = getenv('TVL');
+  command = [getenv('TVL') ' -p 17'];
   for k = 1:numel(varargin)
     command = [command ' ''' varargin{k} ''''];
   end
