@@ -10,14 +10,15 @@ WIN32_BUILD ?= build-win32
 MINGW_PACKAGES = g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64
 WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
 
-.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test calc calc-test
+.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test octave octave-test dist-windows calc calc-test
 
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
 
-# Packages that tests use when they are there (numpy, rsvg-convert); failing to install them
-# (no root, no network) only makes those tests skip.
-TEST_PACKAGES = python3-numpy librsvg2-bin
+# Packages that tests use when they are there (numpy, dask, iapws as a second implementation,
+# pip/venv/wheel for the wheel test, rsvg-convert); failing to install them (no root, no
+# network) only makes those tests skip.
+TEST_PACKAGES = python3-numpy python3-dask python3-iapws python3-pip python3-venv python3-setuptools python3-wheel librsvg2-bin
 
 configure:
 	@test -f $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
@@ -26,8 +27,12 @@ configure:
 run: all
 	@sh tools/steam_table.sh $(BUILD)/tvl
 
+# Octave and its MEX compiler for the octave_mex test, which skips without them.
+OCTAVE_PACKAGES = octave liboctave-dev
+
 test:
 	-@sh tools/install_packages.sh $(TEST_PACKAGES)
+	-@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
 	-@sh tools/install_packages.sh $(CALC_PACKAGES)
 	@$(MAKE) --no-print-directory all
 	cd $(BUILD) && ctest -j $(JOBS) --output-on-failure
@@ -90,19 +95,45 @@ tsan:
 # tavlib6.dll for 64-bit and 32-bit Windows, cross-compiled with mingw-w64, and a check that
 # each exports exactly the listed functions under their plain names.
 windows:
-	@sh tools/windows/install_packages.sh $(MINGW_PACKAGES)
+	@sh tools/install_packages.sh $(MINGW_PACKAGES)
 	@test -f $(WIN64_BUILD)/CMakeCache.txt || cmake -S . -B $(WIN64_BUILD) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64-x86_64.cmake -DCMAKE_BUILD_TYPE=Release -DTAVLIB6_TESTS=OFF
 	@test -f $(WIN32_BUILD)/CMakeCache.txt || cmake -S . -B $(WIN32_BUILD) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64-i686.cmake -DCMAKE_BUILD_TYPE=Release -DTAVLIB6_TESTS=OFF
 	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6
 	cmake --build $(WIN32_BUILD) -j $(JOBS) --target tavlib6
 	python3 tools/check_exports.py $(WIN64_BUILD)/tavlib6.dll $(WIN32_BUILD)/tavlib6.dll
 
-# The 64-bit DLL under Wine: the same calls as the Linux library, and the about box on screen.
-windows-test: windows configure
-	@sh tools/windows/install_packages.sh $(WINE_PACKAGES)
+# The 64-bit DLL under Wine: the same calls as the Linux library, the about box on screen, the
+# Excel module's declarations against both DLLs, and the help file of the bundle in the viewer.
+windows-test: dist-windows configure
+	@sh tools/install_packages.sh $(WINE_PACKAGES)
 	cmake --build $(BUILD) -j $(JOBS) --target tavlib6_call_check
 	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6_call_check tavlib6_about_check
 	bash tools/windows/wine_test.sh $(BUILD) $(WIN64_BUILD)
+	python3 tests/hosts/excel_bas_check.py $(WIN64_BUILD)/tavlib6.dll $(WIN32_BUILD)/tavlib6.dll
+	bash tools/windows/help_test.sh $(WIN64_BUILD) $(WIN64_BUILD)/tavlib6.chm
+
+# build/tavlib6.mex, the library for GNU Octave (and MATLAB): tavlib6('HPT', p, T).
+octave: all
+	@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
+	sh hosts/octave/build.sh $(BUILD)
+
+octave-test: all
+	@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
+	sh tests/hosts/octave_test.sh $(BUILD)
+
+# dist/tavlib6-windows.zip: both DLLs (and the batch library where it builds) with their import
+# libraries, the headers, the Excel module, the help file tavlib6.chm built from docs/ and a
+# README for spreadsheet users.
+DIST ?= dist
+CHM_PACKAGES = python3-markdown fp-utils
+DEBIAN_PYTHON = $(firstword $(wildcard /usr/bin/python3) python3)
+
+dist-windows: windows
+	@sh tools/install_packages.sh $(CHM_PACKAGES)
+	-cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6x
+	-cmake --build $(WIN32_BUILD) -j $(JOBS) --target tavlib6x
+	$(DEBIAN_PYTHON) tools/gen_chm.py $(WIN64_BUILD)
+	python3 hosts/windows/make_bundle.py $(DIST)/tavlib6-windows.zip $(WIN64_BUILD) $(WIN32_BUILD) $(WIN64_BUILD)/tavlib6.chm
 
 clean:
-	rm -rf $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(TSAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)
+	rm -rf $(DIST) $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(TSAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)

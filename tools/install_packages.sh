@@ -1,6 +1,7 @@
 #!/bin/sh
 # Installs the Debian packages named as arguments that are not installed yet (apt-get update
-# once first). Needs root, or sudo without a password.
+# once first). Needs root, or sudo without a password. Waits for another apt run to finish
+# rather than failing on its lock.
 set -eu
 missing=""
 for package in "$@"; do
@@ -16,5 +17,6 @@ else
     exit 1
 fi
 echo "installing:$missing"
-$sudo apt-get update -q
-DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends $missing
+lock="-o DPkg::Lock::Timeout=600"
+$sudo apt-get $lock update -q
+DEBIAN_FRONTEND=noninteractive $sudo apt-get $lock install -y -q --no-install-recommends $missing
