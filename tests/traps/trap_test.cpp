@@ -48,9 +48,10 @@ struct Example {
 };
 const Example kExamples[] = {{"PHS", {3e6, 0.5}}, {"CV2PT", {1e7, 0.5}}, {"H2B2CP", {300.0}}, {"P1HS", {1e8, 1e7}}};
 
-// The caller's state: the three traps unmasked, rounding down, and flags raised beforehand
-// (invalid and divide-by-zero among them, which must not fire by themselves).
-constexpr unsigned kCallerCsr = (0x1F80u & ~(0x0080u | 0x0200u | 0x0400u)) | 0x2000u | 0x003Fu;
+// The caller's state: the three traps unmasked, rounding down, and the denormal, divide-by-zero
+// (its trap unmasked: a flag alone must not fire) and inexact flags raised beforehand. Invalid,
+// overflow and underflow stay clear, so a flag that a call left behind would show.
+constexpr unsigned kCallerCsr = (0x1F80u & ~(0x0080u | 0x0200u | 0x0400u)) | 0x2000u | 0x0026u;
 
 struct Tally {
     long calls, traps, ordinaryTraps, changedCsr;
