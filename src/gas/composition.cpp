@@ -160,9 +160,9 @@ MixtureInProgress startMixture(GasCatalog& catalog, std::string_view key) {
     return started;
 }
 
-void addItem(MixtureInProgress& building, const CompositionItem& item, std::string_view text) {
+void addItem(MixtureInProgress& building, const CompositionItem& item) {
     building.blended = building.mixture->blendComponent(*item.species, item.volume, item.mass) || building.blended;
-    building.item = nextItem(text, building.position);
+    building.item = nextItem(building.text, building.position);
 }
 
 }  // namespace
@@ -188,12 +188,12 @@ GasSpecies& resolveComposition(GasCatalog& catalog, std::string_view text) {
         if (top.position != -1) {
             const ItemAmount read = readAmount(top.item);
             if (!isNested(read.namePart)) {
-                addItem(top, itemOf(speciesOfName(catalog, read.namePart), read), top.text);
+                addItem(top, itemOf(speciesOfName(catalog, read.namePart), read));
                 continue;
             }
             const std::string_view inner = trimmed(innerText(read.namePart));
             if (GasSpecies* known = knownSpecies(catalog, inner)) {
-                addItem(top, itemOf(*known, read), top.text);
+                addItem(top, itemOf(*known, read));
                 continue;
             }
             top.waiting = read;
@@ -208,7 +208,7 @@ GasSpecies& resolveComposition(GasCatalog& catalog, std::string_view text) {
         building.pop_back();
         if (building.empty()) return finished;
         MixtureInProgress& parent = building.back();
-        addItem(parent, itemOf(finished, parent.waiting), parent.text);
+        addItem(parent, itemOf(finished, parent.waiting));
     }
 }
 
