@@ -1,8 +1,7 @@
 // Every export with the invalid, divide-by-zero and overflow traps unmasked, as spreadsheet and
 // Delphi hosts run: ordinary and hostile arguments under every family of settings, each export
-// in a child process of its own. No call may raise SIGFPE, and the caller's MXCSR (its masks,
-// its rounding and the flags it had raised) must be the same after each call as before.
-// A trap is caught, counted and attributed, and the child goes on with the next call.
+// in a child process of its own. No call may raise SIGFPE (a trap is counted, attributed, and the
+// child goes on), and the caller's MXCSR (masks, rounding, flags) must be unchanged by each call.
 #include <cfenv>
 #include <cfloat>
 #include <cmath>
@@ -119,7 +118,6 @@ void runExport(const ExportEntry& e, Tally& tally) {
 }  // namespace
 
 int main() {
-    // One slot per export, shared with the children.
     auto* tallies = static_cast<Tally*>(mmap(nullptr, sizeof(Tally) * tvlcli::kExportCount, PROT_READ | PROT_WRITE,
                                              MAP_SHARED | MAP_ANONYMOUS, -1, 0));
     if (tallies == MAP_FAILED) return 1;
