@@ -23,17 +23,21 @@ TEST_PACKAGES = python3-numpy python3-dask python3-iapws python3-pip python3-ven
 configure:
 	@test -f $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
 
-# Builds the library and the tvl command, then prints a small steam table through tvl.
-run: all
+# Builds the library and the tvl command (not the tests), then prints a small steam table
+# through tvl.
+run: configure
+	@cmake --build $(BUILD) -j $(JOBS) --target tavlib6 tvl -- --no-print-directory
 	@sh tools/steam_table.sh $(BUILD)/tvl
 
 # Octave and its MEX compiler for the octave_mex test, which skips without them.
 OCTAVE_PACKAGES = octave liboctave-dev
 
+# The tests need GoogleTest: a build directory configured without it has them switched on here.
 test:
-	-@sh tools/install_packages.sh $(TEST_PACKAGES)
-	-@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
-	-@sh tools/install_packages.sh $(CALC_PACKAGES)
+	-@sh tools/install_packages.sh $(TEST_PACKAGES) $(OCTAVE_PACKAGES) $(CALC_PACKAGES)
+	@sh tools/install_packages.sh libgtest-dev
+	@$(MAKE) --no-print-directory configure
+	@grep -q '^TAVLIB6_TESTS:BOOL=ON' $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DTAVLIB6_TESTS=ON > /dev/null
 	@$(MAKE) --no-print-directory all
 	cd $(BUILD) && ctest -j $(JOBS) --output-on-failure
 
@@ -63,7 +67,7 @@ bench:
 	$(BENCH_BUILD)/bench/tavlib6_bench
 
 sanitize:
-	@test -f $(SANITIZE_BUILD)/CMakeCache.txt || cmake -S . -B $(SANITIZE_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVLIB6_SANITIZE=ON
+	@test -f $(SANITIZE_BUILD)/CMakeCache.txt || cmake -S . -B $(SANITIZE_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVLIB6_SANITIZE=ON -DTAVLIB6_TESTS=ON
 	cmake --build $(SANITIZE_BUILD) -j $(JOBS)
 	cd $(SANITIZE_BUILD) && ctest -j $(JOBS) --output-on-failure
 
@@ -88,7 +92,7 @@ fuzz:
 # The thread test and the batch library's threads under ThreadSanitizer.
 TSAN_BUILD ?= build-tsan
 tsan:
-	@test -f $(TSAN_BUILD)/CMakeCache.txt || cmake -S . -B $(TSAN_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVLIB6_TSAN=ON
+	@test -f $(TSAN_BUILD)/CMakeCache.txt || cmake -S . -B $(TSAN_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTAVLIB6_TSAN=ON -DTAVLIB6_TESTS=ON
 	cmake --build $(TSAN_BUILD) -j $(JOBS) --target test_threads test_batch
 	cd $(TSAN_BUILD) && ctest --output-on-failure -R 'Threads|Batch'
 

@@ -231,6 +231,9 @@ extern "C" TVLX_API int32_t tvlxCANEVALUATE(const char* name) {
 extern "C" TVLX_API int64_t tvlxEVALUATE(const char* name, int64_t count, const double* const* inputs,
                                          const int64_t* strides, const char* const* texts, double* results,
                                          double* const* outputs, int32_t* errors) {
+    // The whole batch, its threads and its own arithmetic, under the environment of a call; the
+    // caller's comes back at the end.
+    const tvl::FloatEnvironmentGuard guard;
     const ExportEntry* entry = findBatchable(name);
     if (entry == nullptr || count < 0 || results == nullptr) return -1;
     const Layout layout = layoutOf(*entry);

@@ -20,8 +20,22 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/tavlib6ConfigVersion.cmake 
 install(FILES ${CMAKE_BINARY_DIR}/tavlib6Config.cmake ${CMAKE_BINARY_DIR}/tavlib6ConfigVersion.cmake
         DESTINATION ${TAVLIB6_CMAKE_DIR})
 
-# The .pc files find the prefix from their own place, ${pcfiledir}/../.., not from the prefix
-# of configuration time.
+# The .pc files find the prefix from their own place: ${pcfiledir} and one level up for each
+# part of the libdir ("lib", or Debian's "lib/x86_64-linux-gnu"), plus one for pkgconfig/. A
+# libdir or includedir given as an absolute path is written as it stands.
+file(RELATIVE_PATH TAVLIB6_PC_UP "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+string(REGEX REPLACE "/$" "" TAVLIB6_PC_UP "${TAVLIB6_PC_UP}")
+set(TAVLIB6_PC_PREFIX "\${pcfiledir}/${TAVLIB6_PC_UP}")
+foreach(dir LIBDIR INCLUDEDIR)
+  if(IS_ABSOLUTE "${CMAKE_INSTALL_${dir}}")
+    set(TAVLIB6_PC_${dir} "${CMAKE_INSTALL_${dir}}")
+  else()
+    set(TAVLIB6_PC_${dir} "\${prefix}/${CMAKE_INSTALL_${dir}}")
+  endif()
+endforeach()
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  set(TAVLIB6_PC_PREFIX "${CMAKE_INSTALL_PREFIX}")
+endif()
 foreach(package tavlib6 tavlib6x)
   configure_file(cmake/${package}.pc.in ${CMAKE_BINARY_DIR}/${package}.pc @ONLY)
   install(FILES ${CMAKE_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

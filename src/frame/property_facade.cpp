@@ -2,7 +2,10 @@
 
 namespace tvl {
 
-PropertyFacade::PropertyFacade() : water(settings, solved), gases(settings) {}
+// The guard, a temporary of the delegating call, lives until the members are built.
+PropertyFacade::PropertyFacade() : PropertyFacade(FloatEnvironmentGuard{}) {}
+
+PropertyFacade::PropertyFacade(const FloatEnvironmentGuard&) : water(settings, solved), gases(settings) {}
 
 PropertyFacade theGlobalFacade;
 

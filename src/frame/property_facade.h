@@ -11,6 +11,7 @@
 #include <type_traits>
 
 #include "frame/error_codes.h"
+#include "frame/float_environment_guard.h"
 #include "frame/model_state.h"
 #include "frame/state_properties.h"
 #include "gas/gas_catalog.h"
@@ -45,10 +46,15 @@ public:
     GasCatalog gases;
 
 private:
+    // Construction (the gas catalogue's arithmetic) under the guard that the argument holds.
+    explicit PropertyFacade(const FloatEnvironmentGuard&);
+
     // The frame of a call. Body runs the checks and the model and returns the result; Result is
-    // double, int32_t or a text pointer, whose failure values are -1.0, -1 and nullptr.
+    // double, int32_t or a text pointer, whose failure values are -1.0, -1 and nullptr. The
+    // whole call runs under the library's own floating-point environment.
     template <class Result, class Body>
     Result frame(Body&& body) noexcept {
+        const FloatEnvironmentGuard guard;
         solved.clear();
         lastError = kNoError;
         try {

@@ -14,7 +14,9 @@ void validatePressureTemperature(const WaterModel& water, const PressureTemperat
                                  double T) {
     if (T < limits.lowestTemperature) {
         if (T < limits.lowestMeltingTemperature) throw kOutOfRange;
-        if (water.PMELTIT(T) * limits.meltingFactor > p) throw kOutOfRange;
+        // Two roundings, left to right: folding kOneMinusEps * 0.999 into one constant moves
+        // the limit by a rounding unit at about a quarter of the temperatures. Times 1.0 is exact.
+        if (water.PMELTIT(T) * kOneMinusEps * limits.meltingFurtherWidening > p) throw kOutOfRange;
         return;
     }
     if (T > limits.highestTemperature || p < 0.0 || p > limits.highestPressure) throw kOutOfRange;

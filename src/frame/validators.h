@@ -36,17 +36,17 @@ struct PressureTemperatureLimits {
     double region5Temperature;   // above it the pressure is bounded by region 5's limit
     double region5Pressure;
     double lowestMeltingTemperature;  // where the melting curve reaches 100 MPa
-    double meltingFactor;             // widening of the melting pressure
+    double meltingFurtherWidening;    // applied after kOneMinusEps, in that order
 };
 
 constexpr PressureTemperatureLimits kArgumentLimits = {
     273.15 * kOneMinusEps, 2273.15 * kOnePlusEps, 1e8 * kOnePlusEps, 1073.15 * kOnePlusEps,
-    5e7 * kOnePlusEps,     264.2087462921212,     kOneMinusEps,
+    5e7 * kOnePlusEps,     264.2087462921212,     1.0,
 };
 
 constexpr PressureTemperatureLimits kSolvedStateLimits = {
     272.87684999999993, 2275.42315,         1e8 * kOnePlusEps * 1.001, 1074.2231500000003,
-    5e7 * kOnePlusEps * 1.001, 263.94453754582906, kOneMinusEps * 0.999,
+    5e7 * kOnePlusEps * 1.001, 263.94453754582906, 0.999,
 };
 
 // ---- The saturation line by temperature, and by pressure ----

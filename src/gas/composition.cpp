@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "frame/error_codes.h"
 #include "gas/gas_catalog.h"
@@ -67,93 +68,148 @@ double parseAmountNumber(std::string_view number) {
     return value;
 }
 
-CompositionItem parseItem(GasCatalog& catalog, std::string_view rawItem, int nesting) {
-    const std::string_view item = trimmed(rawItem);
+namespace {
+
+// An item with its amount read and its species still to be found: the name part, and the
+// volume or the mass it gave.
+struct ItemAmount {
+    std::string_view namePart;
     double volume = 0.0;
     double mass = 0.0;
     bool byMass = false;
-    std::string_view namePart = item;
+};
+
+ItemAmount readAmount(std::string_view rawItem) {
+    const std::string_view item = trimmed(rawItem);
+    ItemAmount read;
+    read.namePart = item;
 
     // A ":" inside braces belongs to the nested text, not to this item.
     const std::size_t colon = item.rfind(':');
     const std::size_t brace = item.rfind('}');
     if (colon == std::string_view::npos || (brace != std::string_view::npos && brace > colon)) {
-        volume = 1.0;
+        read.volume = 1.0;
     } else {
         const std::string_view amount = item.substr(colon + 1);
         if (amount.empty()) throw kSyntaxError;
-        namePart = item.substr(0, colon);
+        read.namePart = item.substr(0, colon);
         const std::size_t numberLength = std::min(amount.find_first_not_of(kNumberCharacters), amount.size());
         // A blank is a number character, so "0.7 KG" puts its blank into the number and fails.
         const double number = parseAmountNumber(amount.substr(0, numberLength));
         const std::string_view unit = trimmed(amount.substr(numberLength));
         if (unit.empty() || sameText(unit, "V")) {
-            volume = number;
+            read.volume = number;
         } else if (sameText(unit, "%")) {
-            volume = number * kPercent;
+            read.volume = number * kPercent;
         } else if (sameText(unit, "M") || sameText(unit, "KG")) {
-            mass = number;
-            byMass = true;
+            read.mass = number;
+            read.byMass = true;
         } else if (sameText(unit, "G")) {
-            mass = number * kGram;
-            byMass = true;
+            read.mass = number * kGram;
+            read.byMass = true;
         } else {
             throw kSyntaxError;
         }
     }
-
-    namePart = trimmed(namePart);
-    GasSpecies* species = nullptr;
-    if (namePart.size() >= 2 && namePart.front() == '{' && namePart.back() == '}') {
-        species = &resolveComposition(catalog, namePart.substr(1, namePart.size() - 2), nesting + 1);
-    } else {
-        GasSpecies* const* named = catalog.speciesByName.find(namePart);
-        if (named == nullptr) throw kGasNotFound;
-        species = *named;
-    }
-    if (byMass) volume = mass / species->molarMass;
-    else mass = species->molarMass * volume;
-    return {species, volume, mass};
+    read.namePart = trimmed(read.namePart);
+    return read;
 }
 
-namespace {
+// A nested text in braces, by plain byte comparisons; anything else is a name.
+bool isNested(std::string_view namePart) {
+    return namePart.size() >= 2 && namePart.front() == '{' && namePart.back() == '}';
+}
 
-std::ptrdiff_t deepestBrace(std::string_view text) {
-    std::ptrdiff_t depth = 0;
-    std::ptrdiff_t deepest = 0;
-    for (const char c : text) {
-        if (c == '{' && ++depth > deepest) deepest = depth;
-        else if (c == '}') --depth;
-    }
-    return deepest;
+std::string_view innerText(std::string_view namePart) { return namePart.substr(1, namePart.size() - 2); }
+
+GasSpecies& speciesOfName(GasCatalog& catalog, std::string_view namePart) {
+    GasSpecies* const* named = catalog.speciesByName.find(namePart);
+    if (named == nullptr) throw kGasNotFound;
+    return **named;
+}
+
+// A species that a text names without parsing: a cached mixture or a name of the catalogue.
+GasSpecies* knownSpecies(GasCatalog& catalog, std::string_view key) {
+    if (GasSpecies* const* cached = catalog.compositionCache.find(key)) return *cached;
+    if (GasSpecies* const* named = catalog.speciesByName.find(key)) return *named;
+    return nullptr;
+}
+
+CompositionItem itemOf(GasSpecies& species, const ItemAmount& read) {
+    if (read.byMass) return {&species, read.mass / species.molarMass, read.mass};
+    return {&species, read.volume, species.molarMass * read.volume};
+}
+
+// A mixture under construction: its text, where the splitter stands, the item whose nested
+// mixture is being built below it, and whether a component went in.
+struct MixtureInProgress {
+    SpeciesHandle mixture;
+    std::string_view text;
+    std::ptrdiff_t position = 0;
+    std::string_view item;
+    ItemAmount waiting;
+    bool blended = false;
+};
+
+MixtureInProgress startMixture(GasCatalog& catalog, std::string_view key) {
+    MixtureInProgress started;
+    started.mixture.reset(new GasSpecies(key, catalog.settings, catalog));
+    started.text = key;
+    started.item = nextItem(key, started.position);
+    if (started.position == -1) throw kSyntaxError;
+    return started;
+}
+
+void addItem(MixtureInProgress& building, const CompositionItem& item) {
+    building.blended = building.mixture->blendComponent(*item.species, item.volume, item.mass) || building.blended;
+    building.item = nextItem(building.text, building.position);
 }
 
 }  // namespace
 
-// If a step fails, the new mixture enters no map and goes; nested mixtures finished before the
-// failure stay in the cache.
-GasSpecies& resolveComposition(GasCatalog& catalog, std::string_view text, int nesting) {
-    const std::string_view key = trimmed(text);
-    if (GasSpecies* const* cached = catalog.compositionCache.find(key)) return **cached;
-    if (GasSpecies* const* named = catalog.speciesByName.find(key)) return **named;
-    // Each level of braces is one level of recursion: the depth is settled once, up front.
-    if (nesting == 0 && deepestBrace(key) > kMaxCompositionNesting) throw kSyntaxError;
+CompositionItem parseItem(GasCatalog& catalog, std::string_view rawItem) {
+    const ItemAmount read = readAmount(rawItem);
+    if (isNested(read.namePart)) return itemOf(resolveComposition(catalog, innerText(read.namePart)), read);
+    return itemOf(speciesOfName(catalog, read.namePart), read);
+}
 
-    SpeciesHandle mixture(new GasSpecies(key, catalog.settings, catalog));
-    std::ptrdiff_t position = 0;
-    std::string_view item = nextItem(key, position);
-    if (position == -1) throw kSyntaxError;
-    // The mixing entropy depends only on the final fractions: it is worked out once, after the
-    // last component, rather than after each.
-    bool blended = false;
-    while (position != -1) {
-        const CompositionItem parsed = parseItem(catalog, item, nesting);
-        blended = mixture->blendComponent(*parsed.species, parsed.volume, parsed.mass) || blended;
-        item = nextItem(key, position);
+// Mixtures nested in braces are built innermost first, each finished one handed up to the
+// item that named it. They wait on a stack on the heap, not on the call stack, so that braces
+// nest as deep as memory allows. If a step fails, the mixtures not yet finished enter no map
+// and go; nested mixtures finished before the failure stay in the cache.
+GasSpecies& resolveComposition(GasCatalog& catalog, std::string_view text) {
+    const std::string_view key = trimmed(text);
+    if (GasSpecies* known = knownSpecies(catalog, key)) return *known;
+
+    std::vector<MixtureInProgress> building;
+    building.push_back(startMixture(catalog, key));
+    for (;;) {
+        MixtureInProgress& top = building.back();
+        if (top.position != -1) {
+            const ItemAmount read = readAmount(top.item);
+            if (!isNested(read.namePart)) {
+                addItem(top, itemOf(speciesOfName(catalog, read.namePart), read));
+                continue;
+            }
+            const std::string_view inner = trimmed(innerText(read.namePart));
+            if (GasSpecies* known = knownSpecies(catalog, inner)) {
+                addItem(top, itemOf(*known, read));
+                continue;
+            }
+            top.waiting = read;
+            building.push_back(startMixture(catalog, inner));
+            continue;
+        }
+        // The mixing entropy depends only on the final fractions: it is worked out once, after
+        // the last component, rather than after each.
+        if (top.blended) top.mixture->refreshMixingEntropy();
+        catalog.compositionCache.insert(top.mixture->name.get(), top.mixture.get());
+        GasSpecies& finished = *top.mixture.release();
+        building.pop_back();
+        if (building.empty()) return finished;
+        MixtureInProgress& parent = building.back();
+        addItem(parent, itemOf(finished, parent.waiting));
     }
-    if (blended) mixture->refreshMixingEntropy();
-    catalog.compositionCache.insert(mixture->name.get(), mixture.get());
-    return *mixture.release();
 }
 
 }  // namespace tvl

@@ -18,14 +18,10 @@ namespace tvl {
 class GasCatalog;
 class GasSpecies;
 
-// Braces nest this deep at most: a text with deeper braces is code 11, so that no text can
-// exhaust the stack.
-constexpr int kMaxCompositionNesting = 100;
-
 // The species of a text, owned by the catalogue (the caller takes no reference): the cached
 // mixture of the trimmed text, the species of that name, or a new mixture entered in the cache.
-// Raises 11 or 12, or the codes of addComponent.
-GasSpecies& resolveComposition(GasCatalog& catalog, std::string_view text, int nesting = 0);
+// Braces nest as deep as memory allows. Raises 11 or 12, or the codes of addComponent.
+GasSpecies& resolveComposition(GasCatalog& catalog, std::string_view text);
 
 // The splitter: the item that starts at position, which moves on; an empty item with the
 // position -1 at the end or at unbalanced braces. Semicolons skipped at the start of an item are
@@ -39,7 +35,7 @@ struct CompositionItem {
     double mass;    // kg
 };
 
-CompositionItem parseItem(GasCatalog& catalog, std::string_view item, int nesting = 0);
+CompositionItem parseItem(GasCatalog& catalog, std::string_view item);
 
 // A number of a composition text: "," taken as ".", leading blanks allowed, nothing left over,
 // finite. Anything else is code 11.

@@ -6,6 +6,7 @@
 // nested mixture is seen through to the gases it is made of. The mixing arithmetic is paid
 // here, once, and never in a property call.
 #include <cmath>
+#include <vector>
 
 #include "frame/error_codes.h"
 #include "gas/gas_catalog.h"
@@ -16,46 +17,101 @@ namespace tvl {
 
 // Walks over the components of nested mixtures. A mixture reached by several branches is
 // worked out once per walk (its mark and value are remembered), so that a walk costs one visit
-// per record however the mixtures share their parts.
+// per record however the mixtures share their parts. The levels of a walk stand on a stack of
+// their own on the heap, so that mixtures nest as deep as memory allows: the depth of the
+// nesting never meets the depth of the call stack.
 struct SpeciesWalk {
     std::uint64_t mark;
+
+    // A mixture whose components are being summed: the next component, and the sums so far.
+    template <int Sums>
+    struct Level {
+        const GasSpecies* species;
+        GasComponentMap::Iterator next;
+        double sums[Sums];
+    };
+
+    // Visits a's components depth first and sums over each record's direct components, in
+    // their order, value(component) times amount(component); finish(record, sums) then gives
+    // the record's value. known(record) gives the value of a record that needs no visit, or
+    // null. The arithmetic is that of the plain recursion, step for step.
+    template <int Sums, class Known, class Amount, class Finish>
+    const double* sumUp(const GasSpecies& a, Known known, Amount amount, Finish finish) const {
+        std::vector<Level<Sums>> stack;
+        const auto enter = [&](const GasSpecies& species) {
+            species.walkMark = mark;
+            stack.push_back(Level<Sums>{&species, species.components.begin(), {}});
+        };
+        enter(a);
+        const auto add = [](Level<Sums>& level, const double* value, double weight) {
+            for (int k = 0; k < Sums; ++k) level.sums[k] += value[k] * weight;
+            ++level.next;
+        };
+        for (;;) {
+            Level<Sums>& top = stack.back();
+            if (top.next != GasComponentMap::Iterator()) {
+                const GasComponentMap::Node& component = *top.next;
+                const double* value = known(*component.key);
+                if (value == nullptr) enter(*component.key);
+                else add(top, value, amount(component));
+                continue;
+            }
+            const double* value = finish(*top.species, top.sums);
+            stack.pop_back();
+            if (stack.empty()) return value;
+            add(stack.back(), value, amount(*stack.back().next));
+        }
+    }
 
     // 1 if a is b, else sum over direct components c of fraction(c, b) times c's amount,
     // over a's total amount.
     double fraction(const GasSpecies& a, const GasSpecies& b, bool byMass) const {
+        static constexpr double kOne = 1.0;
         if (&a == &b) return 1.0;
         if (a.walkMark == mark) return a.walkValue;
-        a.walkMark = mark;
         a.walkValue = 0.0;
-        double sum = 0.0;
-        for (const auto& component : a.components)
-            sum += fraction(*component.key, b, byMass) * (byMass ? component.value.mass : component.value.volume);
-        a.walkValue = sum / (byMass ? a.totalMass : a.totalVolume);
-        return a.walkValue;
+        const auto known = [&](const GasSpecies& c) -> const double* {
+            if (&c == &b) return &kOne;
+            if (c.walkMark == mark) return &c.walkValue;
+            c.walkValue = 0.0;
+            return nullptr;
+        };
+        const auto amount = [byMass](const GasComponentMap::Node& c) { return byMass ? c.value.mass : c.value.volume; };
+        const auto finish = [byMass](const GasSpecies& c, const double* sums) -> const double* {
+            c.walkValue = sums[0] / (byMass ? c.totalMass : c.totalVolume);
+            return &c.walkValue;
+        };
+        return *sumUp<1>(a, known, amount, finish);
     }
 
     // fraction(a, row k, false) for the 13 rows at once, in one visit per record instead of 13
     // walks: the same products, summed in the same order, so the same bits.
     const double* builtInFractions(const GasSpecies& a, const GasSpecies* const (&rows)[kBuiltInGasCount]) const {
         if (a.walkMark == mark) return a.walkFractions;
-        a.walkMark = mark;
-        double sums[kBuiltInGasCount] = {};
-        for (const auto& component : a.components) {
-            const double* x = builtInFractions(*component.key, rows);
-            for (int k = 0; k < kBuiltInGasCount; ++k) sums[k] += x[k] * component.value.volume;
-        }
-        for (int k = 0; k < kBuiltInGasCount; ++k) a.walkFractions[k] = &a == rows[k] ? 1.0 : sums[k] / a.totalVolume;
-        return a.walkFractions;
+        const auto known = [&](const GasSpecies& c) -> const double* {
+            return c.walkMark == mark ? c.walkFractions : nullptr;
+        };
+        const auto amount = [](const GasComponentMap::Node& c) { return c.value.volume; };
+        const auto finish = [&rows](const GasSpecies& c, const double* sums) -> const double* {
+            for (int k = 0; k < kBuiltInGasCount; ++k) c.walkFractions[k] = &c == rows[k] ? 1.0 : sums[k] / c.totalVolume;
+            return c.walkFractions;
+        };
+        return sumUp<kBuiltInGasCount>(a, known, amount, finish);
     }
 
-    // A record seen before in this walk did not contain b, or the walk would have ended there.
+    // Whether b is a or lies anywhere below it. A record seen before in this walk did not hold
+    // b, or the walk would have ended there.
     bool contains(const GasSpecies& a, const GasSpecies& b) const {
-        if (&a == &b) return true;
-        if (a.walkMark == mark) return false;
-        a.walkMark = mark;
-        if (a.components.contains(&b)) return true;
-        for (const auto& component : a.components)
-            if (contains(*component.key, b)) return true;
+        std::vector<const GasSpecies*> pending{&a};
+        while (!pending.empty()) {
+            const GasSpecies& species = *pending.back();
+            pending.pop_back();
+            if (&species == &b) return true;
+            if (species.walkMark == mark) continue;
+            species.walkMark = mark;
+            if (species.components.contains(&b)) return true;
+            for (const auto& component : species.components) pending.push_back(component.key);
+        }
         return false;
     }
 };
@@ -77,13 +133,11 @@ void GasSpecies::addComponent(GasSpecies& component, double volume, double mass)
 }
 
 // Refuses before it changes anything: a negative amount, a component that would make the
-// mixture contain itself or nest it deeper than kMaxMixtureDepth. A NaN amount passes these
-// tests and blends as it is.
+// mixture contain itself. A NaN amount passes these tests and blends as it is.
 bool GasSpecies::blendComponent(GasSpecies& component, double volume, double mass) {
     if (volume < 0.0) throw kOutOfRange;
     if (volume == 0.0) return false;
     if (component.containsSpecies(*this)) throw kBadParameters;
-    if (component.depth >= kMaxMixtureDepth) throw kBadParameters;
 
     if (GasComponentAmounts* amounts = components.find(&component)) {
         amounts->volume += volume;
@@ -110,7 +164,6 @@ bool GasSpecies::blendComponent(GasSpecies& component, double volume, double mas
 
     totalVolume += volume;
     totalMass += mass;
-    if (depth <= component.depth) depth = component.depth + 1;
     gasConstant = kMolarGasConstant / molarMass;
     return true;
 }

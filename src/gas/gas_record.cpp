@@ -63,8 +63,24 @@ GasSpecies::GasSpecies(const ModelSettings& settings, GasCatalog& catalog) : set
 GasSpecies::GasSpecies(std::string_view newName, const ModelSettings& settings, GasCatalog& catalog)
     : name(copyName(newName)), settings(settings), catalog(catalog) {}
 
-GasSpecies::~GasSpecies() {
-    for (const auto& component : components) component.key->release();
+// A record whose last reference went releases one reference of each component, and those
+// whose last one that was go the same way: one after another, chained through nextToDestroy,
+// rather than one inside the other, so that a mixture nested however deep ends without deep
+// recursion.
+void GasSpecies::destroy(GasSpecies* record) {
+    record->nextToDestroy = nullptr;
+    while (record != nullptr) {
+        GasSpecies* const next = record->nextToDestroy;
+        GasSpecies* pending = next;
+        for (const auto& component : record->components) {
+            if (--component.key->referenceCount == 0) {
+                component.key->nextToDestroy = pending;
+                pending = component.key;
+            }
+        }
+        delete record;
+        record = pending;
+    }
 }
 
 double GasSpecies::specificHeat(double T) const {

@@ -17,10 +17,6 @@ namespace tvl {
 class GasCatalog;
 class GasSpecies;
 
-// Levels of components below a mixture at most. The walks over nested mixtures recurse, and
-// this keeps their depth, and so the stack, bounded whatever a caller builds.
-constexpr std::int32_t kMaxMixtureDepth = 200;
-
 // The amounts of one direct component of a mixture: volume (mole) amount and mass in kg.
 struct GasComponentAmounts {
     double volume;
@@ -64,7 +60,7 @@ public:
     // uses the record hold one each. The last release destroys the record.
     void addReference() { ++referenceCount; }
     void release() {
-        if (--referenceCount == 0) delete this;
+        if (--referenceCount == 0) destroy(this);
     }
 
     std::unique_ptr<char[]> name;  // absent for a mixture made by tvlgNEWID
@@ -90,10 +86,11 @@ public:
     GasCatalog& catalog;
     double totalVolume = 0.0;                     // sum of the volume amounts; 1 for a row
     double totalMass = 0.0;                       // sum of the masses; molarMass for a row
-    std::int32_t depth = 0;                       // levels of components below; 0 for a row
 
 private:
-    ~GasSpecies();  // through release() only
+    ~GasSpecies() = default;  // through release() only
+    static void destroy(GasSpecies* record);
+    GasSpecies* nextToDestroy = nullptr;
 
     // Scratch of the walks over nested mixtures: a walk marks what it has seen, so that a
     // component shared by several branches is worked out once.

@@ -65,6 +65,20 @@ TEST_F(Validators, PressureTemperatureRange) {
     }
 }
 
+// The melting branch of a solved state rounds twice, pm(T) times kOneMinusEps, then times
+// 0.999; a folded constant differs by a rounding unit at these two states, seen through (h,s).
+TEST_F(Validators, SolvedMeltingLimitRoundsTwice) {
+    const struct {
+        double h, s;
+        int code;
+    } cases[] = {{52816.75628520537, -113.80797406021425, tvl::kOutOfRange}, {33369.869124293524, -63.29568790200332, 0}};
+    for (const auto& c : cases) {
+        double p = 0.0, T = 0.0;
+        lib.PTHS(c.h, c.s, &p, &T);
+        EXPECT_EQ(lib.lastError, c.code) << c.h << " " << c.s << ": p " << p << ", T " << T;
+    }
+}
+
 TEST(TransportLimits, ConductivityStepsAndViscosityRange) {
     auto passes = [](const tvl::TransportLimits& limits, double p, double T) {
         try {

@@ -317,17 +317,18 @@ TEST_F(GasTest, MixingEntropyIsThatOfTheVolumeFractions) {
     EXPECT_GT(blends, 300);
 }
 
-TEST_F(GasTest, NestingDepthIsBounded) {
-    std::int32_t inner = gastest::kN2;
-    for (int level = 1; level <= tvl::kMaxMixtureDepth; ++level) {
-        const std::int32_t outer = lib.gNEWID();
-        ASSERT_EQ(lib.gADDGASV(outer, inner, 1.0), 1) << level;
-        inner = outer;
-    }
-    EXPECT_EQ(species(inner).depth, tvl::kMaxMixtureDepth);
-    EXPECT_EQ(lib.gVFIDID(inner, gastest::kN2), 1.0);
-    const std::int32_t tooDeep = lib.gNEWID();
-    EXPECT_EQ(lib.gADDGASV(tooDeep, inner, 1.0), -1);
+// Mixtures nest without a limit: adding, fractions, the text and the release of the whole
+// chain take no recursion as deep as the nesting. The chain is linked from the outside in, so
+// that each addition walks one empty mixture, and N2 goes in last, at the bottom.
+TEST_F(GasTest, MixturesNestWithoutALimit) {
+    std::vector<std::int32_t> chain(30000);
+    for (std::int32_t& id : chain) id = lib.gNEWID();
+    for (std::size_t level = 0; level + 1 < chain.size(); ++level)
+        ASSERT_EQ(lib.gADDGASV(chain[level], chain[level + 1], 1.0), 1) << level;
+    ASSERT_EQ(lib.gADDGASV(chain.back(), gastest::kN2, 1.0), 1);
+    EXPECT_EQ(lib.gVFIDID(chain.front(), gastest::kN2), 1.0);
+    EXPECT_EQ(text(lib.gGSID(chain.front())), "N2:1;");
+    EXPECT_EQ(lib.gADDGASV(chain.back(), chain.front(), 1.0), -1) << "it would contain itself";
     EXPECT_EQ(code(), 1);
     EXPECT_EQ(lib.gDELETEGASES(), 13);
 }

@@ -2,6 +2,8 @@
 //
 //   tavlib6_call_check write FILE      runs every case and writes the results to FILE
 //   tavlib6_call_check compare FILE    runs every case and compares with the results in FILE
+//   tavlib6_call_check traps FILE      compare, with the invalid, zero-divide and overflow traps
+//                                      unmasked as some hosts run (Windows only)
 //
 // The cases come from the table of every export (the one the tvl command uses), so each family
 // that is listed takes part: for each export a few argument sets from typical values of its
@@ -18,6 +20,7 @@
 #include <vector>
 
 #if defined(_WIN32)
+#include <float.h>
 #include <windows.h>
 #endif
 
@@ -227,6 +230,56 @@ std::string narrowOf(const tvlWideChar* wide) {
 }
 
 // One line of results: name, arguments, error code, result, output cells, tab-separated.
+#if defined(_WIN32)
+// Under `traps`: the control word that every call must leave as it found it, and the export
+// being called, named if a floating-point exception reaches the host.
+unsigned int hostControlWord = 0;
+bool watchingControlWord = false;
+int changedControlWords = 0;
+const char* exportInCall = "";
+
+void noteControlWord(const char* name) {
+    if (watchingControlWord && _controlfp(0, 0) != hostControlWord && changedControlWords++ < 10)
+        std::printf("tvl%s changed the control word to %#x\n", name, _controlfp(0, 0));
+    exportInCall = name;
+}
+
+LONG WINAPI onException(EXCEPTION_POINTERS* info) {
+    const DWORD code = info->ExceptionRecord->ExceptionCode;
+    // The x87 codes, and the two that SSE raises (multiple faults, multiple traps).
+    const bool floating = (code >= STATUS_FLOAT_DENORMAL_OPERAND && code <= STATUS_FLOAT_UNDERFLOW) ||
+                          code == 0xC00002B4 || code == 0xC00002B5;
+    if (!floating) return EXCEPTION_CONTINUE_SEARCH;
+    std::printf("floating-point exception %#lx after tvl%s\n", code, exportInCall);
+    std::fflush(stdout);
+    ExitProcess(3);
+}
+
+int compare(const char* path);
+
+// The comparison's own arithmetic (differences of infinities) runs with the traps masked again.
+unsigned int maskedControlWord = 0;
+void stopTrapping() {
+    if (watchingControlWord) _controlfp(maskedControlWord, _MCW_EM);
+}
+
+int compareUnderTraps(const char* path) {
+    AddVectoredExceptionHandler(1, onException);
+    _clearfp();
+    maskedControlWord = _controlfp(0, 0);
+    _controlfp(maskedControlWord & ~(_EM_INVALID | _EM_ZERODIVIDE | _EM_OVERFLOW), _MCW_EM);
+    hostControlWord = _controlfp(0, 0);
+    watchingControlWord = true;
+    const int failed = compare(path);
+    std::printf("with traps unmasked: no exception, %d calls changed the control word\n", changedControlWords);
+    return failed != 0 || changedControlWords != 0 ? 1 : 0;
+}
+#else
+void noteControlWord(const char*) {}
+void stopTrapping() {}
+int compareUnderTraps(const char*) { return 2; }
+#endif
+
 std::string runCase(const Case& c) {
     CallArgs args;
     int counts[128] = {};
@@ -245,6 +298,7 @@ std::string runCase(const Case& c) {
         }
     }
     const CallResult result = callEntry(*c.entry, args);
+    noteControlWord(c.entry->name);
     const std::int32_t code = tvlGETLASTERROR();
     std::string line = std::string(c.entry->name) + '\t' + argumentText + '\t' + std::to_string(code) + '\t';
     if (resultIsOpaque(c.entry->name)) {
@@ -392,6 +446,7 @@ int compare(const char* path) {
     const std::vector<Case> cases = allCases();
     for (const Case& c : cases) actual.push_back(runCase(c));
     for (const std::string& line : errorTextLines()) actual.push_back(line);
+    stopTrapping();
 
     int passed = 0;
     int failed = 0;
@@ -439,6 +494,7 @@ int compare(const char* path) {
 int main(int argc, char** argv) {
     if (argc == 3 && std::strcmp(argv[1], "write") == 0) return write(argv[2]);
     if (argc == 3 && std::strcmp(argv[1], "compare") == 0) return compare(argv[2]);
-    std::fprintf(stderr, "usage: tavlib6_call_check write|compare FILE\n");
+    if (argc == 3 && std::strcmp(argv[1], "traps") == 0) return compareUnderTraps(argv[2]);
+    std::fprintf(stderr, "usage: tavlib6_call_check write|compare|traps FILE\n");
     return 2;
 }
