@@ -1,29 +1,10 @@
-// Surface tension, dielectric constant, ionization constant and refractive index. The density
-// forms have no range test in the frame; the ionization constant refuses a negative density in
-// its equation.
+// The dielectric constant, ionization constant and refractive index by (p,T): each has a
+// temperature range of its own. The density forms and the surface tension are generated; the
+// ionization constant refuses a negative density in its equation.
 #include "frame/property_facade.h"
 #include "frame/validators.h"
 
 namespace tvl {
-
-double PropertyFacade::SURFTENT(double T) noexcept {
-    return run([&] {
-        if (checksOn()) requireSaturationTemperature(T);
-        return water.SURFTENT(T);
-    });
-}
-
-double PropertyFacade::DCRT(double r, double T) noexcept {
-    return run([&] { return water.DCRT(r, T); });
-}
-
-double PropertyFacade::PKWRT(double r, double T) noexcept {
-    return run([&] { return water.PKWRT(r, T); });
-}
-
-double PropertyFacade::RIRTL(double r, double T, double L) noexcept {
-    return run([&] { return water.RIRTL(r, T, L); });
-}
 
 double PropertyFacade::DCPT(double p, double T) noexcept {
     return run([&] {
