@@ -69,7 +69,7 @@ double evaluate(WaterModel& w, double h, double s, double (WaterModel::*wet)(dou
     return onePhase(found.state, found.p);
 }
 
-double regionProperty(WaterModel& w, const backward::RegionEquations& e, double (WaterModel::*wet)(double, double),
+double regionProperty(WaterModel& w, const RegionEquations& e, double (WaterModel::*wet)(double, double),
                       double h, double s) {
     return evaluate(w, h, s, wet, [&](const backward::State& state, double p) {
         return backward::onePhase(w, e, p, state);
@@ -156,19 +156,19 @@ double WaterModel::VHS(double h, double s) {
 }
 
 double WaterModel::UHS(double h, double s) {
-    return regionProperty(*this, backward::kInternalEnergy, &WaterModel::USTX, h, s);
+    return regionProperty(*this, kInternalEnergy, &WaterModel::USTX, h, s);
 }
 
 double WaterModel::CPHS(double h, double s) {
-    return regionProperty(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, h, s);
+    return regionProperty(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, h, s);
 }
 
 double WaterModel::CVHS(double h, double s) {
-    return regionProperty(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, h, s);
+    return regionProperty(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, h, s);
 }
 
 double WaterModel::WHS(double h, double s) {
-    return regionProperty(*this, backward::kSpeedOfSound, &WaterModel::WSTX, h, s);
+    return regionProperty(*this, kSpeedOfSound, &WaterModel::WSTX, h, s);
 }
 
 // Along the wet area an isenthalp crosses no isotherm at fixed p: the inverse slope of the
@@ -176,7 +176,7 @@ double WaterModel::WHS(double h, double s) {
 double WaterModel::JOULETHOMPSONHS(double h, double s) {
     const StateHS found = solveState(*this, h, s);
     if (found.state.area == 4) return 1.0 / DPDTST(found.state.T);
-    return backward::onePhase(*this, backward::kJouleThomson, found.p, found.state);
+    return backward::onePhase(*this, kJouleThomson, found.p, found.state);
 }
 
 double WaterModel::THERMCONDHS(double h, double s) {
@@ -201,7 +201,7 @@ double WaterModel::KINVISHS(double h, double s) {
 double WaterModel::PRANDTLEHS(double h, double s) {
     return evaluate(*this, h, s, &WaterModel::PRANDTLESTX, [&](const backward::State& state, double p) {
         const double rho = densityOf(*this, state, p);
-        return backward::onePhase(*this, backward::kIsobaricHeatCapacity, p, state) * DYNVISRT(rho, state.T) /
+        return backward::onePhase(*this, kIsobaricHeatCapacity, p, state) * DYNVISRT(rho, state.T) /
                THERMCONDRT(rho, state.T);
     });
 }
@@ -209,7 +209,7 @@ double WaterModel::PRANDTLEHS(double h, double s) {
 // w^2 / (p v); region 3 has no pressure from its search and takes that of its state.
 double WaterModel::KHS(double h, double s) {
     return evaluate(*this, h, s, &WaterModel::KSTX, [&](const backward::State& state, double p) {
-        const double speed = backward::onePhase(*this, backward::kSpeedOfSound, p, state);
+        const double speed = backward::onePhase(*this, kSpeedOfSound, p, state);
         const double pressure = state.area == 3 ? P3RT(state.rho, state.T) : p;
         return speed * speed / (pressure * backward::volume(*this, p, state));
     });

@@ -134,23 +134,23 @@ double WaterModel::TPH(double p, double h) { return backward::temperature<ByEnth
 double WaterModel::VPH(double p, double h) { return backward::specificVolume<ByEnthalpy>(*this, p, h); }
 
 double WaterModel::UPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kInternalEnergy, &WaterModel::USTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kInternalEnergy, &WaterModel::USTX, p, h);
 }
 
 double WaterModel::SPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kEntropy, &WaterModel::SSTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kEntropy, &WaterModel::SSTX, p, h);
 }
 
 double WaterModel::CPPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, p, h);
 }
 
 double WaterModel::CVPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, p, h);
 }
 
 double WaterModel::WPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kSpeedOfSound, &WaterModel::WSTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kSpeedOfSound, &WaterModel::WSTX, p, h);
 }
 
 double WaterModel::JOULETHOMPSONPH(double p, double h) { return backward::jouleThomson<ByEnthalpy>(*this, p, h); }
