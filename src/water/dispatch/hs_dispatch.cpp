@@ -33,31 +33,22 @@ struct StateHS {
 StateHS solveState(WaterModel& w, double h, double s) {
     StateHS found;
     double T = 0.0;
-    switch (w.REGIONHS(h, s)) {
-    case 1:
-        w.PT1HS(h, s, found.p, T);
-        found.state = {1, T};
-        return found;
-    case 2:
-        w.PT2HS(h, s, found.p, T);
-        found.state = {2, T};
-        return found;
+    const int area = w.REGIONHS(h, s);
+    switch (area) {
+    case 1: w.PT1HS(h, s, found.p, T); break;
+    case 2: w.PT2HS(h, s, found.p, T); break;
     case 3: {
         double rho = 0.0;
         w.RT3HS(h, s, rho, T);
         found.state = {3, T, rho, 1.0 / rho};
         return found;
     }
-    case 4:
-        T = w.TSHS(h, s, found.x);
-        found.state = {4, T};
-        return found;
-    case 5:
-        w.PT5HS(h, s, found.p, T);
-        found.state = {5, T};
-        return found;
+    case 4: T = w.TSHS(h, s, found.x); break;
+    case 5: w.PT5HS(h, s, found.p, T); break;
     default: throw kUnknownArea;
     }
+    found.state = {area, T};
+    return found;
 }
 
 // In the wet area the rule of the mixture at (T, x), which refuses, with checks on, what has no
