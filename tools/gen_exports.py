@@ -300,8 +300,13 @@ def internal_object_methods(families):
     return '\n'.join(out)
 
 
+def reports_errors(export):
+    """The exports that report the error state of the call before them instead of computing."""
+    return export.family.stem == 'errors'
+
+
 def cli_table(families):
-    out = ['// ' + NOTICE, '// name, argument names, argument kinds, family, call']
+    out = ['// ' + NOTICE, '// name, argument names, argument kinds, result kind, family, reports errors, call']
     for family in families:
         for e in family.exports:
             counters = {}
@@ -316,8 +321,10 @@ def cli_table(families):
             names = ' '.join(n for _, n in e.flat_params())
             wrap = {'double': 'CallResult::fromNumber', 'int32': 'CallResult::fromInteger',
                     'text': 'CallResult::fromText', 'wtext': 'CallResult::fromWide'}[e.result]
-            out.append('{"%s", "%s", "%s", "%s", [](CallArgs& a) { (void)a; return %s(tvl%s(%s)); }},'
-                       % (e.name, names, kinds, family.title, wrap, e.name, ', '.join(args)))
+            result = {'double': 'd', 'int32': 'i', 'text': 's', 'wtext': 'S'}[e.result]
+            out.append('{"%s", "%s", "%s", \'%s\', "%s", %s, [](CallArgs& a) { (void)a; return %s(tvl%s(%s)); }},'
+                       % (e.name, names, kinds, result, family.title, 'true' if reports_errors(e) else 'false', wrap,
+                          e.name, ', '.join(args)))
     out.append('')
     return '\n'.join(out)
 
@@ -365,7 +372,9 @@ def python_table(families):
             if len(e.flat_params()) == 1:
                 params += ','
             out.append('    (%r, %r, (%s), %r),' % (e.name, PY_TYPE[e.result], params, family.title))
-    out += [')', '']
+    out += [')', '', '# The exports that report the error state of the call before them.',
+            'ERROR_REPORTING = (%s)' % ''.join('%r, ' % e.name for f in families for e in f.exports
+                                                if reports_errors(e)).rstrip(' '), '']
     return '\n'.join(out)
 
 
@@ -390,7 +399,7 @@ def outputs():
         os.path.join('include', 'tavlib6.h'): header(families),
         os.path.join('src', 'frame', 'facade_methods.inc'): facade_methods(families),
         os.path.join('src', 'frame', 'internal_object_methods.inc'): internal_object_methods(families),
-        os.path.join('tools', 'tvl', 'export_table.inc'): cli_table(families),
+        os.path.join('src', 'exports', 'export_table.inc'): cli_table(families),
         os.path.join('batch', 'facade_table.inc'): facade_table(families),
         os.path.join('python', 'tavlib6', '_exports.py'): python_table(families),
         os.path.join('src', 'exports', 'tavlib6.def'): module_definition(families, decorated=False),

@@ -53,6 +53,7 @@ constexpr PressureTemperatureLimits kSolvedStateLimits = {
 // ---- The saturation line by temperature, and by pressure ----
 constexpr double kSaturationLowestTemperature = 273.1499999999999;
 constexpr double kSaturationHighestTemperature = 647.0960000000001;
+// kIcePointSaturationPressure widened by one rounding unit (its product with kOneMinusEps).
 constexpr double kSaturationLowestPressure = 611.2126774443451;
 
 inline void requireSaturationTemperature(double T) {

@@ -42,7 +42,7 @@ protected:
         for (double p : {1e3, 1e4, 1e5, 5e5, 1e6, 2.5e6, 4e6, 4.5e6, 6e6, 1e7, 1.6e7, 2e7, 3e7, 5e7, 7e7, 1e8}) {
             double lowest = tvl::kLowestTemperature;
             if (p > tvl::kP623) lowest = water.T23P(p);
-            else if (p > tvl::kLowestSaturationPressure) lowest = water.TSP(p);
+            else if (p > tvl::kIcePointSaturationPressure) lowest = water.TSP(p);
             for (double T = tvl::kRegion25Temperature; T > lowest + 1.0; T -= 23.0) states.push_back({p, T});
             states.push_back({p, lowest + 1.0});
         }

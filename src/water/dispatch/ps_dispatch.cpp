@@ -72,7 +72,7 @@ int WaterModel::REGIONPS(double p, double s) {
         if (s > 4411.559751434355) return S3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > s ? 4 : 3;
         return S3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < s ? 4 : 3;
     }
-    if (p < kLowestSaturationPressure) return region2Or5();
+    if (p < kIcePointSaturationPressure) return region2Or5();
     const double Ts = TSP(p);
     solved.PublishTemperature(Ts);
     if (S1PT(p, Ts) >= s) return 1;

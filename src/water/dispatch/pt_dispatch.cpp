@@ -67,7 +67,7 @@ int WaterModel::REGIONPT(double p, double T) const {
     if (T > m * kRegion25Temperature) return 5;
     if (T >= kB23UpperTemperature) return 2;
     if (p <= kP623) {
-        if (p < kLowestSaturationPressure) return 2;
+        if (p < kIcePointSaturationPressure) return 2;
         return atOrAboveSaturationTemperature(p, m * T) ? 2 : 1;
     }
     if (T <= kRegion13Temperature) return 1;
@@ -76,7 +76,7 @@ int WaterModel::REGIONPT(double p, double T) const {
 
 int WaterModel::WATERSTATEAREA(double p, double T) const {
     if (T > kRegion25Temperature) return 5;
-    if (T >= kB23UpperTemperature || p < kLowestSaturationPressure) return 2;
+    if (T >= kB23UpperTemperature || p < kIcePointSaturationPressure) return 2;
     if (p <= kCriticalPressure) {
         const double Ts = TSP(p);
         if (settings.tolerance > std::fabs(Ts - T) / T) return 4;

@@ -1,4 +1,6 @@
-// The table of every export that the tvl command can call, built from the list of exports.
+// The table of every export, generated from the list of exports (export_table.inc): what the
+// tvl command, the batch library libtavlib6x and the tests call the library through. Header
+// only, so that each program takes it in without a source file of its own.
 #ifndef TVL_EXPORT_TABLE_H
 #define TVL_EXPORT_TABLE_H
 
@@ -49,17 +51,25 @@ struct CallResult {
     }
 };
 
-// kinds: one letter per argument: d double, i int32, s text, o output (double*), w window, W word.
+// kinds: one letter per argument: d double, i int32, s text, o output (double*), w window, W word;
+// result: d double, i int32, s text, S wide text.
+// reportsErrors: the export reports the error state of the call before it (tvlGETLASTERROR and
+// its like), so a batch or a sweep of it means nothing.
 struct ExportEntry {
     const char* name;
     const char* argumentNames;
     const char* kinds;
+    char result;
     const char* family;
+    bool reportsErrors;
     CallResult (*call)(CallArgs&);
 };
 
-extern const ExportEntry kExports[];
-extern const int kExportCount;
+inline const ExportEntry kExports[] = {
+#include "export_table.inc"
+};
+
+inline const int kExportCount = sizeof kExports / sizeof kExports[0];
 
 }  // namespace tvlcli
 
