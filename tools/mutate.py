@@ -59,7 +59,14 @@ def copy_tree(scratch):
     tree = os.path.join(scratch, 'tree')
     files = subprocess.run(['git', 'ls-files', '-co', '--exclude-standard'], cwd=ROOT, check=True,
                            capture_output=True, text=True).stdout.split('\n')
-    for name in filter(None, files):
+    wanted = set(filter(None, files))
+    # A file that the worktree no longer has must not linger in the copy: the build globs.
+    for folder, _, names in os.walk(tree):
+        for name in names:
+            path = os.path.join(folder, name)
+            if os.path.relpath(path, tree) not in wanted:
+                os.remove(path)
+    for name in wanted:
         source = os.path.join(ROOT, name)
         if not os.path.isfile(source):
             continue
@@ -103,11 +110,14 @@ def main():
     parser.add_argument('--only', nargs='*', help='fault ids to run')
     parser.add_argument('--timeout', type=float, default=300, help='seconds per test program')
     parser.add_argument('--list', action='store_true', help='check that every fault applies, build nothing')
+    parser.add_argument('--prepare', action='store_true', help='copy and build the scratch tree, apply no fault')
     args = parser.parse_args()
 
     faults = read_faults(args.faults)
     if args.only:
         faults = [f for f in faults if f['id'] in args.only]
+    # A fault in a header rebuilds every file that includes it: those come last.
+    faults.sort(key=lambda f: f['file'].endswith('.h'))
     tree = copy_tree(args.scratch) if not args.list else ROOT
     for fault in faults:
         text = open(os.path.join(tree, fault['file']), encoding='utf-8').read()
@@ -125,6 +135,8 @@ def main():
                        check=True, capture_output=True)
     if not build(tree, build_dir, 3600):
         sys.exit('the unchanged tree does not build in %s' % build_dir)
+    if args.prepare:
+        return 0
     failing = failing_program(build_dir, args.timeout)
     if failing:
         sys.exit('the unchanged tree fails %s' % failing)
