@@ -31,7 +31,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 FAULTS = os.path.join(ROOT, 'tools', 'mutation_faults.txt')
 # The C++ suite, quickest first so that a fault fails fast.
 PROGRAMS = ['test_frame', 'test_formulation', 'test_dispatch', 'test_properties', 'test_process', 'test_gas',
-            'test_batch', 'test_allocations', 'test_threads', 'test_sweep']
+            'test_batch', 'test_threads', 'test_sweep']
 
 
 def read_faults(path):
