@@ -133,6 +133,13 @@ constexpr double kMeltingLowestTemperature = 251.16499999999994;
 constexpr double kIceHighestTemperature = 273.1600000000001;
 constexpr double kSublimationLowestTemperature = 49.999999999999986;
 
+// The (p,T) forms of the further properties: from 273.15 K to each equation's own highest
+// temperature, and up to 100 MPa.
+inline void requireFurtherPropertyRange(double p, double T, double highestTemperature) {
+    requireWithin(T, kSaturationLowestTemperature, highestTemperature);
+    requireWithin(p, 0.0, kHighestPressure * kOnePlusEps);
+}
+
 // ---- Ideal gases: the range of the fits, and a pressure with both ends excluded ----
 inline void requireGasTemperature(double T) { requireWithin(T, kGasLowestTemperature, kGasHighestTemperature); }
 

@@ -25,4 +25,28 @@ double PropertyFacade::RIRTL(double r, double T, double L) noexcept {
     return run([&] { return water.RIRTL(r, T, L); });
 }
 
+double PropertyFacade::DCPT(double p, double T) noexcept {
+    return run([&] {
+        if (checksOn()) requireFurtherPropertyRange(p, T, kDielectricHighestTemperature);
+        return water.DCPT(p, T);
+    });
+}
+
+double PropertyFacade::PKWPT(double p, double T) noexcept {
+    return run([&] {
+        if (checksOn()) requireFurtherPropertyRange(p, T, kIonizationHighestTemperature);
+        return water.PKWPT(p, T);
+    });
+}
+
+double PropertyFacade::RIPTL(double p, double T, double L) noexcept {
+    return run([&] {
+        if (checksOn()) {
+            requireFurtherPropertyRange(p, T, kRefractiveHighestTemperature);
+            requireWithin(L, kShortestWavelength, kLongestWavelength);
+        }
+        return water.RIPTL(p, T, L);
+    });
+}
+
 }  // namespace tvl
