@@ -64,13 +64,31 @@ TEST_F(HSRoundTrip, PressureAndTemperatureComeBackInTheRegionOfThePTSelection) {
     }
 }
 
-using ModelFunction = double (tvl::WaterModel::*)(double, double);
-
-struct PropertyPair {
-    const char* name;
-    PairFunction byHS;
-    ModelFunction byPT;  // the model's: a temperature found a rounding unit over a limit is no fault
-    double region3Tolerance;
-};
+// With toleranceMode off the pressure functions of regions 1, 2 and 3 publish p alone: under
+// checks the frame misses the temperature and reports code 1. THS and region 5 publish both.
+TEST_F(HSRoundTrip, StatesThatPublishNoTemperature) {
+    tvl::WaterModel& w = water;
+    const struct {
+        const char* what;
+        double h, s;
+        int codeOfPHS;
+    } states[] = {
+        {"region 1", w.H1PT(1e7, 400.0), w.S1PT(1e7, 400.0), 1},
+        {"region 2", w.H2PT(1e6, 600.0), w.S2PT(1e6, 600.0), 1},
+        {"region 3", w.H3PT(5e7, 700.0), w.S3PT(5e7, 700.0), 1},
+        {"region 5", w.H5PT(1e6, 1500.0), w.S5PT(1e6, 1500.0), 0},
+    };
+    lib.SETTOLERANCEMODE(0);
+    for (const auto& c : states) {
+        call(lib, &PropertyFacade::PHS, c.h, c.s);
+        EXPECT_EQ(lastError(), c.codeOfPHS) << c.what;
+        call(lib, &PropertyFacade::THS, c.h, c.s);
+        EXPECT_EQ(lastError(), 0) << c.what;
+        lib.SETCHECKRANGEMODE(0);
+        call(lib, &PropertyFacade::PHS, c.h, c.s);
+        EXPECT_EQ(lastError(), 0) << c.what << ", checks off";
+        lib.SETCHECKRANGEMODE(1);
+    }
+}
 
 }  // namespace
