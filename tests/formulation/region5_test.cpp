@@ -28,6 +28,16 @@ protected:
     }
 };
 
+TEST_F(Region5, PressureAndTemperatureByDensityAndEnthalpy) {
+    for (const State& st : grid()) {
+        double p = 0.0;
+        double T = 0.0;
+        ASSERT_EQ(lib.PT5RH(water.D5PT(st.p, st.T), water.H5PT(st.p, st.T), &p, &T), 1.0) << st.p << " " << st.T;
+        EXPECT_TRUE(nearRelative(p, st.p, 1e-11)) << st.p << " " << st.T;
+        EXPECT_TRUE(nearRelative(T, st.T, 1e-11)) << st.p << " " << st.T;
+    }
+}
+
 TEST_F(Region5, SnapToTheUpperTemperatureOnlyWithRangeChecks) {
     const double p = 1e6;
     const double justAbove = 2273.15 + 1e-9;  // inside the stop limit of some 4.5e-9 K
