@@ -27,16 +27,11 @@ using tvlcli::CallArgs;
 using tvlcli::CallResult;
 using tvlcli::ExportEntry;
 
-constexpr int kBadParameters = 1;
+using tvl::kBadParameters;
 
 bool sameName(const char* given, const char* name) {
     if (strncasecmp(given, "tvl", 3) == 0 && strcasecmp(given + 3, name) == 0) return true;
     return strcasecmp(given, name) == 0;
-}
-
-// The error functions report the code of the call before them; a batch of them means nothing.
-bool reportsErrors(const char* name) {
-    return std::strncmp(name, "GETLASTERROR", 12) == 0 || std::strcmp(name, "SETLASTERROR") == 0;
 }
 
 const ExportEntry* findBatchable(const char* name) {
@@ -44,7 +39,7 @@ const ExportEntry* findBatchable(const char* name) {
     for (int k = 0; k < tvlcli::kExportCount; ++k) {
         const ExportEntry& entry = tvlcli::kExports[k];
         if (!sameName(name, entry.name)) continue;
-        if (reportsErrors(entry.name)) return nullptr;
+        if (entry.reportsErrors) return nullptr;  // a batch of error reports means nothing
         for (const char* kind = entry.kinds; *kind != '\0'; ++kind)
             if (*kind == 'w' || *kind == 'W') return nullptr;
         return &entry;

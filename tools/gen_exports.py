@@ -28,8 +28,17 @@ PY_TYPE = {'double': 'double', 'int32': 'int32', 'text': 'text', 'wtext': 'wtext
 
 
 class Export:
-    def __init__(self, result, name, params, family):
+    """One export. Beside its signature it carries the attributes of its call frame:
+    check  the names of the argument tests run while checkRangeMode is on (FRAME_CHECKS), in order;
+    after  the names of the tests of the result and of the state a search settled on (FRAME_AFTER);
+    model  the model operation called, "water.VPT" or "gases.CPIDT";
+    hand   True when the PropertyFacade method is written by hand (an irregular frame);
+           otherwise tools/gen_exports.py writes it from the three attributes above."""
+
+    def __init__(self, result, name, params, family, check=(), after=(), model=None, hand=True):
         self.result, self.name, self.params, self.family = result, name, params, family
+        self.check, self.after, self.hand = tuple(check), tuple(after), hand
+        self.model = model or 'water.' + name
 
     def flat_params(self):
         """The parameters as the C signature has them, the fourteen outputs spelled out."""
@@ -55,21 +64,93 @@ class Family:
         self.stem, self.title, self.exports = stem, title, []
 
 
+# The argument tests of a generated frame, by the name that exports.txt gives them.
+FRAME_CHECKS = {
+    'pt': 'ValidatePT(p, T)',
+    'ps': 'ValidatePS(p, s)',
+    'ph': 'requirePressureEnthalpy(p, h)',
+    'hs': 'requireEnthalpyEntropy(h, s)',
+    'saturation': 'requireSaturationTemperature(T)',
+    'saturation-pressure': 'requireSaturationPressure(p)',
+    'dryness': 'requireDryness(x)',
+    'conductivity': 'requireTransportRange(kConductivityArguments, p, T)',
+    'viscosity': 'requireTransportRange(kViscosityArguments, p, T)',
+    'metastable': 'ValidateMetastablePT(p, T)',
+    'end-pressure': 'requireWithin(p2, 0.0 * kOneMinusEps, kArgumentLimits.highestPressure)',
+    'melting': 'requireWithin(T, kMeltingLowestTemperature, kIceHighestTemperature)',
+    'dielectric': 'requireFurtherPropertyRange(p, T, kDielectricHighestTemperature)',
+    'ionization': 'requireFurtherPropertyRange(p, T, kIonizationHighestTemperature)',
+    'refractive': 'requireFurtherPropertyRange(p, T, kRefractiveHighestTemperature)',
+    'wavelength': 'requireWithin(L, kShortestWavelength, kLongestWavelength)',
+    'sublimation': 'requireWithin(T, kSublimationLowestTemperature, kIceHighestTemperature)',
+    'gas-temperature': 'requireGasTemperature(T)',
+    'gas-pressure': 'requireGasPressure(p)',
+}
+# The tests after the model, on its result and on the state a search settled on: {pressure} is
+# the pressure of that state, the argument p2 or p, or else the pressure the search published.
+FRAME_AFTER = {
+    'temperature': 'ValidatePTResult({pressure}, result)',
+    'dryness': 'requireDryness(result)',
+    'solved': 'requireSolvedState(*this, SolvedRange::kFormulation, {pressure})',
+    'solved-conductivity': 'requireSolvedState(*this, SolvedRange::kConductivity, {pressure})',
+    'solved-viscosity': 'requireSolvedState(*this, SolvedRange::kViscosity, {pressure})',
+    'gas-temperature': 'requireGasTemperature(result)',
+    'gas-pressure': 'requireGasPressure(result)',
+}
+
+
+def read_attributes(text, where):
+    """The frame attributes of an export or of a family's "frame" line: check=a+b after=c+d
+    model=object[.Operation] hand."""
+    found = {}
+    for item in text.split():
+        key, sep, value = item.partition('=')
+        if item == 'hand':
+            found['hand'] = True
+        elif key in ('check', 'after') and sep:
+            names = () if value == 'none' else tuple(value.split('+'))
+            known = FRAME_CHECKS if key == 'check' else FRAME_AFTER
+            for name in names:
+                if name not in known:
+                    sys.exit('%s: unknown %s test %s' % (where, key, name))
+            found[key] = names
+        elif key == 'model' and sep:
+            found['model'] = value
+        else:
+            sys.exit('%s: cannot read attribute "%s"' % (where, item))
+    return found
+
+
+def model_operation(model, name):
+    """"gases" names the object; the operation is the export's name without the gas prefix g."""
+    if model is None:
+        model = 'water'
+    if '.' in model:
+        return model
+    return '%s.%s' % (model, name[1:] if name.startswith('g') else name)
+
+
 def parse():
     families = []
-    line_re = re.compile(r'^(\w+)\s+(\w+)\((.*)\)$')
+    defaults = {}
+    line_re = re.compile(r'^(\w+)\s+(\w+)\(([^)]*)\)\s*(.*)$')
     for number, raw in enumerate(open(LIST, encoding='utf-8'), 1):
         line = raw.strip()
+        where = '%s:%d' % (LIST, number)
         if not line or line.startswith('#'):
             continue
         if line.startswith('family '):
             stem, title = line[len('family '):].split('|', 1)
             families.append(Family(stem.strip(), title.strip()))
+            defaults = {}
+            continue
+        if line.startswith('frame ') and families:
+            defaults = read_attributes(line[len('frame '):], where)
             continue
         m = line_re.match(line)
         if not m or not families:
-            sys.exit('%s:%d: cannot read "%s"' % (LIST, number, line))
-        result, name, plist = m.groups()
+            sys.exit('%s: cannot read "%s"' % (where, line))
+        result, name, plist, attributes = m.groups()
         params = []
         for item in filter(None, (p.strip() for p in plist.split(','))):
             if item == 'out14':
@@ -79,11 +160,15 @@ def parse():
             else:
                 ptype, pname = item.rsplit(' ', 1)
                 if ptype not in C_TYPE:
-                    sys.exit('%s:%d: unknown type %s' % (LIST, number, ptype))
+                    sys.exit('%s: unknown type %s' % (where, ptype))
                 params.append((ptype, pname))
         if result not in ('double', 'int32', 'text', 'wtext'):
-            sys.exit('%s:%d: unknown result type %s' % (LIST, number, result))
-        families[-1].exports.append(Export(result, name, params, families[-1]))
+            sys.exit('%s: unknown result type %s' % (where, result))
+        frame = dict(defaults, **read_attributes(attributes, where))
+        generated = bool(frame) and not frame.get('hand')
+        families[-1].exports.append(Export(result, name, params, families[-1], frame.get('check', ()),
+                                           frame.get('after', ()), model_operation(frame.get('model'), name),
+                                           hand=not generated))
     return families
 
 
@@ -139,6 +224,63 @@ def forwarders(family):
     return '\n'.join(out)
 
 
+def frame_method(e):
+    """The PropertyFacade method of an export with a regular frame: the output cells, the argument
+    tests while checks are on, the model, the tests after it."""
+    names = [n for _, n in e.params]
+    pressure = 'p2' if 'p2' in names else 'p' if 'p' in names else 'requireSolvedPressure(solved)'
+    cells = [n for t, n in e.params if t == 'double*']
+    args = ', '.join('*' + n if t == 'double*' else n for t, n in e.params if t != 'out14')
+    call = '%s(%s)' % (e.model, args)
+    body = []
+    if any(t == 'out14' for t, _ in e.params):
+        body.append('outputs.requireAll();')
+    if cells:
+        body.append('requireCells(%s);' % ', '.join(cells))
+    checks = [FRAME_CHECKS[c] + ';' for c in e.check]
+    if len(checks) == 1:
+        body.append('if (checksOn()) ' + checks[0])
+    elif checks:
+        body += ['if (checksOn()) {'] + ['    ' + c for c in checks] + ['}']
+    after = [FRAME_AFTER[a].format(pressure=pressure) + ';' for a in e.after]
+    if any(t == 'out14' for t, _ in e.params):
+        body += ['outputs.write(%s);' % call, 'return 1.0;']
+    elif cells:
+        body += [call + ';', 'return 1.0;']
+    elif after:
+        body.append('const %s result = %s;' % (C_TYPE[e.result], call))
+        if len(after) == 1:
+            body.append('if (checksOn()) ' + after[0])
+        else:
+            body += ['if (checksOn()) {'] + ['    ' + a for a in after] + ['}']
+        body.append('return result;')
+    else:
+        body.append('return %s;' % call)
+    runner = {'double': 'run', 'int32': 'runInteger', 'text': 'runText'}[e.result]
+    out = ['%s PropertyFacade::%s(%s) noexcept {' % (C_TYPE[e.result], e.name, e.facade_params())]
+    if len(body) == 1:
+        out.append('    return %s([&] { %s });' % (runner, body[0]))
+    else:
+        out.append('    return %s([&] {' % runner)
+        out += ['        ' + line for line in body]
+        out.append('    });')
+    out += ['}', '']
+    return out
+
+
+def frame_methods(family):
+    out = ['// ' + NOTICE,
+           '// The regular frames of the family "%s", from the attributes check, after and model of' % family.title,
+           '// each export; the irregular ones are written by hand in src/frame/facade_*.cpp.',
+           '#include "frame/property_facade.h"', '#include "frame/solved_state_checks.h"', '',
+           'namespace tvl {', '']
+    for e in family.exports:
+        if not e.hand:
+            out += frame_method(e)
+    out += ['}  // namespace tvl', '']
+    return '\n'.join(out)
+
+
 def facade_methods(families):
     out = ['// ' + NOTICE, '// Declarations of the PropertyFacade methods, one per export, by family.']
     for family in families:
@@ -162,8 +304,13 @@ def internal_object_methods(families):
     return '\n'.join(out)
 
 
+def reports_errors(export):
+    """The exports that report the error state of the call before them instead of computing."""
+    return export.family.stem == 'errors'
+
+
 def cli_table(families):
-    out = ['// ' + NOTICE, '// name, argument names, argument kinds, family, call']
+    out = ['// ' + NOTICE, '// name, argument names, argument kinds, result kind, family, reports errors, call']
     for family in families:
         for e in family.exports:
             counters = {}
@@ -178,8 +325,10 @@ def cli_table(families):
             names = ' '.join(n for _, n in e.flat_params())
             wrap = {'double': 'CallResult::fromNumber', 'int32': 'CallResult::fromInteger',
                     'text': 'CallResult::fromText', 'wtext': 'CallResult::fromWide'}[e.result]
-            out.append('{"%s", "%s", "%s", "%s", [](CallArgs& a) { (void)a; return %s(tvl%s(%s)); }},'
-                       % (e.name, names, kinds, family.title, wrap, e.name, ', '.join(args)))
+            result = {'double': 'd', 'int32': 'i', 'text': 's', 'wtext': 'S'}[e.result]
+            out.append('{"%s", "%s", "%s", \'%s\', "%s", %s, [](CallArgs& a) { (void)a; return %s(tvl%s(%s)); }},'
+                       % (e.name, names, kinds, result, family.title, 'true' if reports_errors(e) else 'false', wrap,
+                          e.name, ', '.join(args)))
     out.append('')
     return '\n'.join(out)
 
@@ -227,7 +376,9 @@ def python_table(families):
             if len(e.flat_params()) == 1:
                 params += ','
             out.append('    (%r, %r, (%s), %r),' % (e.name, PY_TYPE[e.result], params, family.title))
-    out += [')', '']
+    out += [')', '', '# The exports that report the error state of the call before them.',
+            'ERROR_REPORTING = (%s)' % ''.join('%r, ' % e.name for f in families for e in f.exports
+                                                if reports_errors(e)).rstrip(' '), '']
     return '\n'.join(out)
 
 
@@ -252,7 +403,7 @@ def outputs():
         os.path.join('include', 'tavlib6.h'): header(families),
         os.path.join('src', 'frame', 'facade_methods.inc'): facade_methods(families),
         os.path.join('src', 'frame', 'internal_object_methods.inc'): internal_object_methods(families),
-        os.path.join('tools', 'tvl', 'export_table.inc'): cli_table(families),
+        os.path.join('src', 'exports', 'export_table.inc'): cli_table(families),
         os.path.join('batch', 'facade_table.inc'): facade_table(families),
         os.path.join('python', 'tavlib6', '_exports.py'): python_table(families),
         os.path.join('src', 'exports', 'tavlib6.def'): module_definition(families, decorated=False),
@@ -260,6 +411,8 @@ def outputs():
     }
     for family in families:
         files[os.path.join('src', 'exports', family.stem + '_exports.cpp')] = forwarders(family)
+        if any(not e.hand for e in family.exports):
+            files[os.path.join('src', 'frame', 'generated', family.stem + '.cpp')] = frame_methods(family)
     # The reference pages list the same exports; they are written with the rest.
     import gen_docs
     files.update(gen_docs.documents(families))

@@ -379,3 +379,6 @@ EXPORTS = (
     ('SHOWTVLHELP', 'double', (('window', 'parent'),), 'About box and help'),
     ('SHOWABOUT', 'double', (('window', 'parent'),), 'About box and help'),
 )
+
+# The exports that report the error state of the call before them.
+ERROR_REPORTING = ('GETLASTERROR', 'SETLASTERROR', 'GETLASTERRORDESCRIPTION', 'GETLASTERRORDESCRIPTIONW',)

@@ -3,6 +3,21 @@
 
 namespace tvl {
 
+namespace {
+
+// The text of lastError in the buffer, which stays the library's; the code stays as it was.
+template <class Character, int kCapacity>
+const Character* describe(int code, Character (&buffer)[kCapacity]) noexcept {
+    try {
+        loadErrorText(code, buffer, kCapacity);
+        return buffer;
+    } catch (...) {
+        return nullptr;
+    }
+}
+
+}  // namespace
+
 std::int32_t PropertyFacade::GETLASTERROR() noexcept {
     solved.clear();
     return lastError;
@@ -16,22 +31,12 @@ std::int32_t PropertyFacade::SETLASTERROR(std::int32_t code) noexcept {
 
 const char* PropertyFacade::GETLASTERRORDESCRIPTION() noexcept {
     solved.clear();
-    try {
-        loadErrorText(lastError, descriptionBuffer, 256);
-        return descriptionBuffer;
-    } catch (...) {
-        return nullptr;
-    }
+    return describe(lastError, descriptionBuffer);
 }
 
 const tvlWideChar* PropertyFacade::GETLASTERRORDESCRIPTIONW() noexcept {
     solved.clear();
-    try {
-        loadErrorText(lastError, descriptionBufferW, 256);
-        return descriptionBufferW;
-    } catch (...) {
-        return nullptr;
-    }
+    return describe(lastError, descriptionBufferW);
 }
 
 }  // namespace tvl

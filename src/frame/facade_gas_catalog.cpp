@@ -10,66 +10,6 @@ double notImplemented() { throw kNotImplemented; }
 
 }  // namespace
 
-double PropertyFacade::gVFGSGS(const char* gs, const char* species) noexcept {
-    return run([&] { return gases.VFGSGS(gs, species); });
-}
-
-double PropertyFacade::gMFGSGS(const char* gs, const char* species) noexcept {
-    return run([&] { return gases.MFGSGS(gs, species); });
-}
-
-double PropertyFacade::gVFIDID(std::int32_t id, std::int32_t species) noexcept {
-    return run([&] { return gases.VFIDID(id, species); });
-}
-
-double PropertyFacade::gMFIDID(std::int32_t id, std::int32_t species) noexcept {
-    return run([&] { return gases.MFIDID(id, species); });
-}
-
-std::int32_t PropertyFacade::gIDNAME(const char* name) noexcept {
-    return runInteger([&] { return gases.IDNAME(name); });
-}
-
-std::int32_t PropertyFacade::gNEWID() noexcept {
-    return runInteger([&] { return gases.NEWID(); });
-}
-
-std::int32_t PropertyFacade::gNEWIDNAME(const char* name) noexcept {
-    return runInteger([&] { return gases.NEWIDNAME(name); });
-}
-
-std::int32_t PropertyFacade::gNEWIDGS(const char* gs) noexcept {
-    return runInteger([&] { return gases.NEWIDGS(gs); });
-}
-
-std::int32_t PropertyFacade::gDELETEGASID(std::int32_t id) noexcept {
-    return runInteger([&] { return gases.DELETEGASID(id); });
-}
-
-std::int32_t PropertyFacade::gDELETEGASES() noexcept {
-    return runInteger([&] { return gases.DELETEGASES(); });
-}
-
-std::int32_t PropertyFacade::gGASESCOUNT() noexcept {
-    return runInteger([&] { return gases.GASESCOUNT(); });
-}
-
-std::int32_t PropertyFacade::gADDGASM(std::int32_t id, std::int32_t component, double mass) noexcept {
-    return runInteger([&] { return gases.ADDGASM(id, component, mass); });
-}
-
-std::int32_t PropertyFacade::gADDGASV(std::int32_t id, std::int32_t component, double volume) noexcept {
-    return runInteger([&] { return gases.ADDGASV(id, component, volume); });
-}
-
-const char* PropertyFacade::gGSID(std::int32_t id) noexcept {
-    return runText([&] { return gases.GSID(id); });
-}
-
-const char* PropertyFacade::gGSGS(const char* gs) noexcept {
-    return runText([&] { return gases.GSGS(gs); });
-}
-
 // Kept for hosts of earlier versions; every call is code 8.
 double PropertyFacade::gGETGASDATA(std::intptr_t, std::intptr_t, std::intptr_t, std::intptr_t, std::intptr_t,
                                    std::intptr_t, std::intptr_t, std::intptr_t, std::intptr_t, std::intptr_t,

@@ -31,18 +31,6 @@ inline void requireSolvedState(PropertyFacade& lib, SolvedRange range, double p)
     }
 }
 
-// A property by (p, y) of a searching family: the test of the arguments, the model, then the
-// tests of the state it reached.
-template <class ArgumentTest>
-double searchedProperty(PropertyFacade& lib, ArgumentTest requireArguments,
-                        double (WaterModel::*model)(double p, double y), SolvedRange range, double p, double y) {
-    const bool checks = lib.settings.checksOn();
-    if (checks) requireArguments(p, y);
-    const double result = (lib.water.*model)(p, y);
-    if (checks) requireSolvedState(lib, range, p);
-    return result;
-}
-
 }  // namespace tvl
 
 #endif

@@ -11,6 +11,7 @@
 #define TAVLIB6_VALIDATORS_H
 
 #include "frame/error_codes.h"
+#include "gas/gas_constants.h"
 #include "water/formulation/constants.h"
 
 namespace tvl {
@@ -52,10 +53,15 @@ constexpr PressureTemperatureLimits kSolvedStateLimits = {
 // ---- The saturation line by temperature, and by pressure ----
 constexpr double kSaturationLowestTemperature = 273.1499999999999;
 constexpr double kSaturationHighestTemperature = 647.0960000000001;
+// kIcePointSaturationPressure widened by one rounding unit (its product with kOneMinusEps).
 constexpr double kSaturationLowestPressure = 611.2126774443451;
 
 inline void requireSaturationTemperature(double T) {
     requireWithin(T, kSaturationLowestTemperature, kSaturationHighestTemperature);
+}
+
+inline void requireSaturationPressure(double p) {
+    requireWithin(p, kSaturationLowestPressure, kCriticalPressure * kOnePlusEps);
 }
 
 // ---- (p,h) and (h,s) arguments ----
@@ -69,6 +75,12 @@ constexpr double kHighestEntropyHS = 31800.0 * kOnePlusEps;
 inline void requirePressureEnthalpy(double p, double h) {
     requireWithin(p, 0.0, kArgumentLimits.highestPressure);
     requireWithin(h, kLowestEnthalpyPH, kHighestEnthalpy);
+}
+
+// h from -50 to 7.4e6 J/kg, s from -200 to 31800 J/(kg K).
+inline void requireEnthalpyEntropy(double h, double s) {
+    requireWithin(h, kLowestEnthalpyHS, kHighestEnthalpy);
+    requireWithin(s, kLowestEntropyHS, kHighestEntropyHS);
 }
 
 // ---- Metastable vapour: 10 MPa itself is refused, as is a NaN pressure ----
@@ -120,6 +132,21 @@ constexpr double kLongestWavelength = 1.1e-6 * kOnePlusEps;
 constexpr double kMeltingLowestTemperature = 251.16499999999994;
 constexpr double kIceHighestTemperature = 273.1600000000001;
 constexpr double kSublimationLowestTemperature = 49.999999999999986;
+
+// The (p,T) forms of the further properties: from 273.15 K to each equation's own highest
+// temperature, and up to 100 MPa.
+inline void requireFurtherPropertyRange(double p, double T, double highestTemperature) {
+    requireWithin(T, kSaturationLowestTemperature, highestTemperature);
+    requireWithin(p, 0.0, kHighestPressure * kOnePlusEps);
+}
+
+// ---- Ideal gases: the range of the fits, and a pressure with both ends excluded ----
+inline void requireGasTemperature(double T) { requireWithin(T, kGasLowestTemperature, kGasHighestTemperature); }
+
+// A NaN passes and comes back as code 1.
+inline void requireGasPressure(double p) {
+    if (p <= 0.0 || p >= kGasHighestPressure) throw kOutOfRange;
+}
 
 }  // namespace tvl
 

@@ -70,82 +70,6 @@ TEST(Batch, FailingElementsCarryTheirCodesAndFailureValues) {
     }
 }
 
-TEST(Batch, OutputCellsPerElement) {
-    const double p[3] = {1e5, 1e7, 2e8};
-    const double T = 600.0;
-    const double* inputs[2] = {p, &T};
-    const int64_t strides[2] = {1, 0};
-    double results[3], cells[14][3];
-    int32_t errors[3];
-    double* outputs[14];
-    for (int j = 0; j < 14; ++j) outputs[j] = cells[j];
-    ASSERT_EQ(tvlxEVALUATE("VUSHCVWDERPTPT", 3, inputs, strides, nullptr, results, outputs, errors), 1);
-    for (int k = 0; k < 2; ++k) {
-        double one[14];
-        EXPECT_EQ(results[k], tvlVUSHCVWDERPTPT(p[k], T, &one[0], &one[1], &one[2], &one[3], &one[4], &one[5], &one[6],
-                                                &one[7], &one[8], &one[9], &one[10], &one[11], &one[12], &one[13]));
-        for (int j = 0; j < 14; ++j) EXPECT_EQ(cells[j][k], one[j]) << "output " << j << " p=" << p[k];
-        EXPECT_EQ(cells[3][k], tvlHPT(p[k], T));
-        EXPECT_EQ(errors[k], 0);
-    }
-    EXPECT_EQ(errors[2], 2);
-    EXPECT_EQ(results[2], -1.0);
-    // A null output array discards that output.
-    outputs[0] = nullptr;
-    EXPECT_EQ(tvlxEVALUATE("VUSHCVWDERPTPT", 2, inputs, strides, nullptr, results, outputs, nullptr), 0);
-    EXPECT_EQ(cells[1][1], tvlUPT(1e7, T));
-}
-
-TEST(Batch, TextAndIntegerArguments) {
-    const char* air[1] = {"N2:79;O2:21"};
-    const Batch gas = evaluate("gCPGST", {{300.0, 1000.0, 1e6}}, air);
-    EXPECT_EQ(gas.results[0], tvlgCPGST(air[0], 300.0));
-    EXPECT_EQ(gas.results[1], tvlgCPGST(air[0], 1000.0));
-    EXPECT_NE(gas.errors[2], 0);
-    const char* broken[1] = {"N2:79;;{"};
-    EXPECT_EQ(evaluate("gCPGST", {{300.0}}, broken).errors[0], (tvlgCPGST(broken[0], 300.0), tvlGETLASTERROR()));
-
-    const Batch ids = evaluate("gCPIDT", {{1.0, 2.5, kNaN, 1e12, -1.0}, {300.0}});
-    EXPECT_EQ(ids.results[0], tvlgCPIDT(1, 300.0));
-    for (int k = 1; k < 4; ++k) {
-        EXPECT_EQ(ids.errors[k], 1) << k;
-        EXPECT_EQ(ids.results[k], -1.0) << k;
-    }
-    EXPECT_EQ(ids.errors[4], (tvlgCPIDT(-1, 300.0), tvlGETLASTERROR()));
-}
-
-TEST(Batch, IntegerResultsAsDoubles) {
-    const Batch phase = evaluate("PHASESTATEPT", {{1e5}, {300.0, 500.0}});
-    EXPECT_EQ(phase.results[0], tvlPHASESTATEPT(1e5, 300.0));
-    EXPECT_EQ(phase.results[1], tvlPHASESTATEPT(1e5, 500.0));
-}
-
-TEST(Batch, RefusalsLeaveNothingBehind) {
-    const double T = 300.0;
-    const double* inputs[1] = {&T};
-    const int64_t strides[1] = {0};
-    double result = 5.0;
-    int32_t error = 5;
-    for (const char* name : {"NOSUCHEXPORT", "GETLASTERROR", "SETLASTERROR", "SHOWABOUT", "gGETGASDATA", "", "tvl"}) {
-        EXPECT_EQ(tvlxCANEVALUATE(name), 0) << name;
-        EXPECT_EQ(tvlxEVALUATE(name, 1, inputs, strides, nullptr, &result, nullptr, &error), -1) << name;
-    }
-    EXPECT_EQ(tvlxCANEVALUATE(nullptr), 0);
-    EXPECT_EQ(tvlxEVALUATE(nullptr, 1, inputs, strides, nullptr, &result, nullptr, &error), -1);
-    EXPECT_EQ(tvlxEVALUATE("PST", -1, inputs, strides, nullptr, &result, nullptr, &error), -1);
-    EXPECT_EQ(tvlxEVALUATE("PST", 1, nullptr, strides, nullptr, &result, nullptr, &error), -1);
-    EXPECT_EQ(tvlxEVALUATE("PST", 1, inputs, strides, nullptr, nullptr, nullptr, &error), -1);
-    EXPECT_EQ(tvlxEVALUATE("VUSHCVWDERPTSWT", 1, inputs, strides, nullptr, &result, nullptr, &error), -1);
-    EXPECT_EQ(tvlxEVALUATE("gCPGST", 1, inputs, strides, nullptr, &result, nullptr, &error), -1);
-    EXPECT_EQ((result == 5.0 && error == 5), true);
-    // A text result is found at the first point.
-    const double id = 13.0;
-    const double* idInputs[1] = {&id};
-    EXPECT_EQ(tvlxCANEVALUATE("gGSID"), 1);
-    EXPECT_EQ(tvlxEVALUATE("gGSID", 1, idInputs, strides, nullptr, &result, nullptr, &error), -1);
-    EXPECT_EQ(tvlxEVALUATE("PST", 0, inputs, strides, nullptr, &result, nullptr, &error), 0);
-}
-
 // Large batches run on threads with model objects of their own: the same bits and codes as on
 // the calling thread, under the library's settings of the moment, outputs included.
 TEST(Batch, ThreadedSlicesEqualTheCallsOneByOne) {
@@ -208,20 +132,6 @@ TEST(Batch, ThreadedSlicesEqualTheCallsOneByOne) {
     }
     for (int32_t code : errors) expectedFailed += code != 0;
     EXPECT_EQ(failed, expectedFailed);
-}
-
-TEST(Batch, ThreadCountsAreClamped) {
-    EXPECT_EQ(tvlxSETTHREADS(-3), 0);
-    EXPECT_EQ(tvlxSETTHREADS(1000), 64);
-    EXPECT_EQ(tvlxSETTHREADS(0), 0);
-}
-
-TEST(Batch, SettingsOfTheLibraryHold) {
-    ASSERT_EQ(tvlSETCHECKRANGEMODE(0), 0);
-    const Batch unchecked = evaluate("H1PT", {{1e9}, {250.0}});
-    const double expected = tvlH1PT(1e9, 250.0);
-    tvlSETCHECKRANGEMODE(1);
-    EXPECT_EQ(unchecked.results[0], expected);
 }
 
 }  // namespace

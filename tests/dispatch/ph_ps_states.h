@@ -37,7 +37,7 @@ inline bool nearARegionBoundary(tvl::WaterModel& water, double p, double T) {
     if (std::fabs(T - tvl::kRegion25Temperature) < 0.2) return true;
     if (p > tvl::kP623 && std::fabs(T - tvl::kRegion13Temperature) < 0.02) return true;
     if (p > tvl::kP623 && T < tvl::kB23UpperTemperature + 0.05 && std::fabs(T - water.T23P(p)) < 0.05) return true;
-    if (p >= tvl::kLowestSaturationPressure && p <= tvl::kCriticalPressure && std::fabs(T - water.TSP(p)) < 1e-6)
+    if (p >= tvl::kIcePointSaturationPressure && p <= tvl::kCriticalPressure && std::fabs(T - water.TSP(p)) < 1e-6)
         return true;
     return false;
 }

@@ -42,25 +42,6 @@ protected:
     }
 };
 
-TEST_F(PTDispatch, EachPropertyIsTheValueOfTheSelectedRegion) {
-    using W = tvl::WaterModel;
-    for (auto [p, T] : grid()) {
-        const int region = lib.WATERSTATEAREA2(p, T);
-        ASSERT_TRUE(region == 1 || region == 2 || region == 3 || region == 5) << p << " " << T;
-        EXPECT_EQ(lib.HPT(p, T), regionValue(region, &W::H1PT, &W::H2PT, &W::H3RT, &W::H5PT, p, T)) << p << " " << T;
-        EXPECT_EQ(lib.SPT(p, T), regionValue(region, &W::S1PT, &W::S2PT, &W::S3RT, &W::S5PT, p, T)) << p << " " << T;
-        EXPECT_EQ(lib.UPT(p, T), regionValue(region, &W::U1PT, &W::U2PT, &W::U3RT, &W::U5PT, p, T)) << p << " " << T;
-        EXPECT_EQ(lib.CPPT(p, T), regionValue(region, &W::CP1PT, &W::CP2PT, &W::CP3RT, &W::CP5PT, p, T));
-        EXPECT_EQ(lib.CVPT(p, T), regionValue(region, &W::CV1PT, &W::CV2PT, &W::CV3RT, &W::CV5PT, p, T));
-        EXPECT_EQ(lib.WPT(p, T), regionValue(region, &W::W1PT, &W::W2PT, &W::W3RT, &W::W5PT, p, T));
-        EXPECT_EQ(lib.JOULETHOMPSONPT(p, T),
-                  regionValue(region, &W::JOULETHOMPSON1PT, &W::JOULETHOMPSON2PT, &W::JOULETHOMPSON3RT,
-                              &W::JOULETHOMPSON5PT, p, T));
-        EXPECT_TRUE(nearRelative(lib.VPT(p, T) * lib.DPT(p, T), 1.0, 1e-14)) << p << " " << T;
-        EXPECT_EQ(lastError(), 0) << p << " " << T;
-    }
-}
-
 struct SelectionCase {
     const char* what;
     double p;
@@ -93,47 +74,6 @@ TEST_F(PTDispatch, TheTwoSelectionsAtTheirBoundaries) {
     // The area functions test no range.
     EXPECT_EQ(lib.WATERSTATEAREA2(1e9, 300.0), 1);
     EXPECT_EQ(lastError(), 0);
-}
-
-TEST_F(PTDispatch, PhaseState) {
-    EXPECT_EQ(lib.PHASESTATEPT(1e5, 300.0), 1);
-    EXPECT_EQ(lib.PHASESTATEPT(1e5, 400.0), 2);
-    EXPECT_EQ(lib.PHASESTATEPT(3e7, 400.0), 3);
-    EXPECT_EQ(lib.PHASESTATEPT(1e5, 700.0), 3);
-    EXPECT_NE(lib.PHASESTATEPT(22064000.0, 647.096), 3) << "both critical limits are strict";
-    EXPECT_EQ(lib.PHASESTATEPT(water.PST(400.0), 400.0), 2) << "on the line is vapour";
-    lib.SETCHECKRANGEMODE(0);
-    EXPECT_EQ(lib.PHASESTATEPT(1e5, 250.0), -1) << "the test below 273.15 K does not depend on the mode";
-    EXPECT_EQ(lastError(), 2);
-}
-
-TEST_F(PTDispatch, RangeOfTheFamily) {
-    const struct {
-        double p;
-        double T;
-        int code;
-    } cases[] = {
-        {1e8, 273.15, 0}, {1e8, 1073.15, 0}, {5e7, 2273.15, 0}, {6e7, 1074.0, 2}, {1e5, 270.0, 2},
-        {5e7, 270.0, 0},  {-1.0, 300.0, 2},  {1e5, 2300.0, 2},  {1.01e8, 300.0, 2},
-    };
-    for (auto c : cases) {
-        lib.HPT(c.p, c.T);
-        EXPECT_EQ(lastError(), c.code) << c.p << " " << c.T;
-    }
-    lib.SETCHECKRANGEMODE(0);
-    EXPECT_EQ(lib.VPT(1e9, 300.0), water.V1PT(1e9, 300.0)) << "without checks region 1 extrapolates";
-    EXPECT_EQ(lastError(), 0);
-}
-
-TEST_F(PTDispatch, ToleranceModeOffUsesTheFittedDensityInRegion3) {
-    lib.SETTOLERANCEMODE(0);
-    EXPECT_EQ(lib.VPT(25e6, 650.0), water.RoughV3PT(25e6, 650.0));
-    lib.SETMAXITERATION(1);
-    lib.HPT(25e6, 650.0);
-    EXPECT_EQ(lastError(), 0) << "no density search, so no code 3";
-    lib.SETTOLERANCEMODE(1);
-    lib.HPT(25e6, 650.0);
-    EXPECT_EQ(lastError(), 3);
 }
 
 TEST_F(PTDispatch, CombinedCallAgreesWithTheSingleExportsAndDifferences) {
@@ -174,49 +114,6 @@ TEST_F(PTDispatch, CombinedCallAgreesWithTheSingleExportsAndDifferences) {
         EXPECT_TRUE(nearRelative(out[12], byT(&W::SPT), 1e-6)) << "ds/dT at " << p << " " << T;
         EXPECT_TRUE(nearRelative(out[13], byT(&W::HPT), 1e-6)) << "dh/dT at " << p << " " << T;
     }
-}
-
-TEST_F(PTDispatch, TransportRangesDiffer) {
-    lib.THERMCONDPT(75e6, 800.0);
-    EXPECT_EQ(lastError(), 2);
-    lib.THERMCONDPT(65e6, 800.0);
-    EXPECT_EQ(lastError(), 0);
-    lib.DYNVISPT(75e6, 800.0);
-    EXPECT_EQ(lastError(), 0);
-    lib.DYNVISPT(1e5, 1173.15);
-    EXPECT_EQ(lastError(), 0);
-    lib.PRANDTLEPT(1e5, 1100.0);
-    EXPECT_EQ(lastError(), 2);
-    lib.KINVISPT(1e5, 1100.0);
-    EXPECT_EQ(lastError(), 0);
-    EXPECT_TRUE(nearRelative(lib.KINVISPT(1e5, 300.0), lib.DYNVISPT(1e5, 300.0) * lib.VPT(1e5, 300.0), 1e-15));
-    EXPECT_TRUE(nearRelative(lib.PRANDTLEPT(1e5, 300.0),
-                             lib.CPPT(1e5, 300.0) * lib.DYNVISPT(1e5, 300.0) / lib.THERMCONDPT(1e5, 300.0), 1e-15));
-    const double w = lib.WPT(1e5, 500.0);
-    EXPECT_TRUE(nearRelative(lib.KPT(1e5, 500.0), w * w / (lib.VPT(1e5, 500.0) * 1e5), 1e-15));
-}
-
-TEST_F(PTDispatch, FurtherPropertiesByPressure) {
-    EXPECT_TRUE(nearRelative(lib.DCPT(1e5, 300.0), lib.DCRT(lib.DPT(1e5, 300.0), 300.0), 1e-15));
-    lib.DCPT(1e8, 1200.0);
-    EXPECT_EQ(lastError(), 0) << "1200 K is accepted, beyond the release's range";
-    lib.RIPTL(1e5, 800.0, 5.89e-7);
-    EXPECT_EQ(lastError(), 2);
-    lib.RIPTL(1e5, 300.0, 2.5e-7);
-    EXPECT_EQ(lastError(), 0);
-    lib.RIPTL(1e5, 300.0, 0.589);
-    EXPECT_EQ(lastError(), 2) << "the wavelength is in metres";
-    lib.PKWPT(1e5, 1100.0);
-    EXPECT_EQ(lastError(), 2);
-    EXPECT_TRUE(nearRelative(lib.PKWPT(1e5, 300.0), lib.PKWRT(lib.DPT(1e5, 300.0), 300.0), 1e-15));
-}
-
-TEST_F(PTDispatch, NanArgumentPassesTheRangeAndEndsInCodeOne) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(lib.HPT(nan, 300.0), -1.0);
-    EXPECT_EQ(lastError(), 1);
-    EXPECT_EQ(lib.HPT(1e5, nan), -1.0);
-    EXPECT_EQ(lastError(), 1);
 }
 
 }  // namespace

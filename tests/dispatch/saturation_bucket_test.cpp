@@ -16,12 +16,12 @@ using tvltest::FacadeTest;
 TEST_F(FacadeTest, SaturationBucketsDecideLikeTheComparison) {
     std::mt19937_64 random(7);
     std::uniform_real_distribution<double> unit(0.0, 1.0);
-    const double lowLog = std::log(tvl::kLowestSaturationPressure);
+    const double lowLog = std::log(tvl::kIcePointSaturationPressure);
     const double highLog = std::log(tvl::kP623);
     int disagreements = 0;
     for (int n = 0; n < 200000; ++n) {
         double p = std::exp(lowLog + (highLog - lowLog) * unit(random));
-        if (n % 1000 == 0) p = n % 2000 == 0 ? tvl::kLowestSaturationPressure : tvl::kP623;
+        if (n % 1000 == 0) p = n % 2000 == 0 ? tvl::kIcePointSaturationPressure : tvl::kP623;
         const double Ts = water.TSP(p);
         double mT;
         switch (n % 4) {
@@ -42,12 +42,12 @@ namespace {
 TEST_F(FacadeTest, SaturatedWaterEnthalpyBucketsDecideLikeTheComparison) {
     std::mt19937_64 random(11);
     std::uniform_real_distribution<double> unit(0.0, 1.0);
-    const double lowLog = std::log(tvl::kLowestSaturationPressure);
+    const double lowLog = std::log(tvl::kIcePointSaturationPressure);
     const double highLog = std::nextafter(std::log(tvl::kP623), 0.0);
     int disagreements = 0;
     for (int n = 0; n < 100000; ++n) {
         double p = std::exp(lowLog + (highLog - lowLog) * unit(random));
-        if (n % 1000 == 0) p = tvl::kLowestSaturationPressure;
+        if (n % 1000 == 0) p = tvl::kIcePointSaturationPressure;
         const double Ts = water.TSP(p);
         const double hs = water.H1PT(p, Ts);
         double h;

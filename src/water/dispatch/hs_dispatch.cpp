@@ -33,31 +33,22 @@ struct StateHS {
 StateHS solveState(WaterModel& w, double h, double s) {
     StateHS found;
     double T = 0.0;
-    switch (w.REGIONHS(h, s)) {
-    case 1:
-        w.PT1HS(h, s, found.p, T);
-        found.state = {1, T};
-        return found;
-    case 2:
-        w.PT2HS(h, s, found.p, T);
-        found.state = {2, T};
-        return found;
+    const int area = w.REGIONHS(h, s);
+    switch (area) {
+    case 1: w.PT1HS(h, s, found.p, T); break;
+    case 2: w.PT2HS(h, s, found.p, T); break;
     case 3: {
         double rho = 0.0;
         w.RT3HS(h, s, rho, T);
         found.state = {3, T, rho, 1.0 / rho};
         return found;
     }
-    case 4:
-        T = w.TSHS(h, s, found.x);
-        found.state = {4, T};
-        return found;
-    case 5:
-        w.PT5HS(h, s, found.p, T);
-        found.state = {5, T};
-        return found;
+    case 4: T = w.TSHS(h, s, found.x); break;
+    case 5: w.PT5HS(h, s, found.p, T); break;
     default: throw kUnknownArea;
     }
+    found.state = {area, T};
+    return found;
 }
 
 // In the wet area the rule of the mixture at (T, x), which refuses, with checks on, what has no
@@ -69,7 +60,7 @@ double evaluate(WaterModel& w, double h, double s, double (WaterModel::*wet)(dou
     return onePhase(found.state, found.p);
 }
 
-double regionProperty(WaterModel& w, const backward::RegionEquations& e, double (WaterModel::*wet)(double, double),
+double regionProperty(WaterModel& w, const RegionEquations& e, double (WaterModel::*wet)(double, double),
                       double h, double s) {
     return evaluate(w, h, s, wet, [&](const backward::State& state, double p) {
         return backward::onePhase(w, e, p, state);
@@ -156,19 +147,19 @@ double WaterModel::VHS(double h, double s) {
 }
 
 double WaterModel::UHS(double h, double s) {
-    return regionProperty(*this, backward::kInternalEnergy, &WaterModel::USTX, h, s);
+    return regionProperty(*this, kInternalEnergy, &WaterModel::USTX, h, s);
 }
 
 double WaterModel::CPHS(double h, double s) {
-    return regionProperty(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, h, s);
+    return regionProperty(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, h, s);
 }
 
 double WaterModel::CVHS(double h, double s) {
-    return regionProperty(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, h, s);
+    return regionProperty(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, h, s);
 }
 
 double WaterModel::WHS(double h, double s) {
-    return regionProperty(*this, backward::kSpeedOfSound, &WaterModel::WSTX, h, s);
+    return regionProperty(*this, kSpeedOfSound, &WaterModel::WSTX, h, s);
 }
 
 // Along the wet area an isenthalp crosses no isotherm at fixed p: the inverse slope of the
@@ -176,7 +167,7 @@ double WaterModel::WHS(double h, double s) {
 double WaterModel::JOULETHOMPSONHS(double h, double s) {
     const StateHS found = solveState(*this, h, s);
     if (found.state.area == 4) return 1.0 / DPDTST(found.state.T);
-    return backward::onePhase(*this, backward::kJouleThomson, found.p, found.state);
+    return backward::onePhase(*this, kJouleThomson, found.p, found.state);
 }
 
 double WaterModel::THERMCONDHS(double h, double s) {
@@ -201,7 +192,7 @@ double WaterModel::KINVISHS(double h, double s) {
 double WaterModel::PRANDTLEHS(double h, double s) {
     return evaluate(*this, h, s, &WaterModel::PRANDTLESTX, [&](const backward::State& state, double p) {
         const double rho = densityOf(*this, state, p);
-        return backward::onePhase(*this, backward::kIsobaricHeatCapacity, p, state) * DYNVISRT(rho, state.T) /
+        return backward::onePhase(*this, kIsobaricHeatCapacity, p, state) * DYNVISRT(rho, state.T) /
                THERMCONDRT(rho, state.T);
     });
 }
@@ -209,7 +200,7 @@ double WaterModel::PRANDTLEHS(double h, double s) {
 // w^2 / (p v); region 3 has no pressure from its search and takes that of its state.
 double WaterModel::KHS(double h, double s) {
     return evaluate(*this, h, s, &WaterModel::KSTX, [&](const backward::State& state, double p) {
-        const double speed = backward::onePhase(*this, backward::kSpeedOfSound, p, state);
+        const double speed = backward::onePhase(*this, kSpeedOfSound, p, state);
         const double pressure = state.area == 3 ? P3RT(state.rho, state.T) : p;
         return speed * speed / (pressure * backward::volume(*this, p, state));
     });

@@ -12,6 +12,41 @@ namespace tvl {
 
 namespace {
 
+// The enthalpies of the selection, J/kg, as stored. Most are an enthalpy of a boundary point
+// rounded outward for the band that uses it: a pair that reads like one number rounded twice
+// bounds the same point from above for one band and from below for the next, and a test on the
+// boundary's equation decides between them. T23 is the B23 temperature T23P(p), pc = 22.064 MPa.
+
+// Above 50 MPa.
+constexpr double kOnlyRegion2Above50MPa = 2813000.0;   // H2PT(100 MPa, 863.15 K) = 2812942.06, up
+constexpr double kOnlyRegion1Above50MPa = 1553900.0;   // H1PT(100 MPa, 623.15 K) = 1553922.50, down
+constexpr double kRegion3From50MPa = 1576000.0;        // H1PT(50 MPa, 623.15 K) = 1575983.24, up
+constexpr double kB23Below50MPa = 2626880.0;           // H2PT(50 MPa, T23) = 2626885.09, down
+
+// Above the critical pressure, up to 50 MPa.
+constexpr double kOnlyRegion1AboveCritical = 1575980.0;   // H1PT(50 MPa, 623.15 K), down
+constexpr double kOnlyRegion5AboveCritical = 4057944.11;  // H2PT(pc, 1073.15 K) = 4057944.109, up
+constexpr double kRegion1AtCritical = 1635608.804;        // H1PT(pc, 623.15 K) = 1635608.8039, up
+constexpr double kOnlyRegion3AboveCritical = 2605000.0;   // below H2PT(p, T23) throughout: 2626375.4 at pc
+constexpr double kB23Above50MPa = 2626890.0;              // H2PT(50 MPa, T23) = 2626885.09, up
+constexpr double kOnlyRegion2AboveCritical = 3925960.4;   // H2PT(50 MPa, 1073.15 K) = 3925960.4095, down
+
+// From the B23 pressure at 623.15 K up to the critical pressure.
+constexpr double kOnlyRegion1BelowCritical = 1635608.8;         // H1PT(pc, 623.15 K), down
+constexpr double kOnlyRegion5FromP623 = 4084125.034;            // H2PT(P623, 1073.15 K) = 4084125.0337, up
+constexpr double kSaturatedWaterAt623 = 1670858.2182744227;     // h' at 623.15 K, the region 1 corner
+constexpr double kRegion5BelowCritical = 4057900.0;             // H2PT(pc, 1073.15 K), down
+constexpr double kB23AtCritical = 2626375.4454356735;           // H2PT(pc, T23(pc))
+constexpr double kSaturatedSteamAt623 = 2563592.0038884096;     // h'' at 623.15 K, the region 2 corner
+constexpr double kRegion3SteamSideStart = 2087248.060963254;    // above it the wet test starts from steam
+
+// Below the B23 pressure at 623.15 K.
+constexpr double kOnlyRegion2BelowP623 = 4084125.0;       // H2PT(P623, 1073.15 K), down
+constexpr double kOnlyRegion5BelowP623 = 4160660.93;      // H2PT(611.2 Pa, 1073.15 K) = 4160660.928, up
+constexpr double kAboveSaturatedSteam = 2803300.0;        // the greatest h'' (2803.26 kJ/kg near 510 K), up
+constexpr double kAboveSaturatedWaterAt623 = 1670858.22;  // h' at 623.15 K, up
+constexpr double kSaturatedSteamAtIcePoint = 2500892.617817171;  // h'' at 273.15 K: below it, wet
+
 // The enthalpy side of a (p,h) evaluation.
 struct ByEnthalpy {
     static int area(WaterModel& w, double p, double h) { return w.REGIONPH(p, h); }
@@ -61,7 +96,7 @@ public:
     }
 
 private:
-    uint64_t first = key(kLowestSaturationPressure);
+    uint64_t first = key(kIcePointSaturationPressure);
     static constexpr int kCount = 16 * 16;  // covers up to kP623, about 15 octaves above
     double edges[kCount + 1];
 };
@@ -86,44 +121,44 @@ int WaterModel::REGIONPH(double p, double h) {
 
     // Above the pressure limit of region 5 the wet area is far away too.
     if (p > kRegion5HighestPressure) {
-        if (h > 2813000.0) return 2;
-        if (h < 1553900.0) return 1;
-        if (h > 1576000.0) return h < 2626880.0 ? 3 : region3Or2();
+        if (h > kOnlyRegion2Above50MPa) return 2;
+        if (h < kOnlyRegion1Above50MPa) return 1;
+        if (h > kRegion3From50MPa) return h < kB23Below50MPa ? 3 : region3Or2();
         return region1Or3();
     }
     if (p > kCriticalPressure) {
-        if (h < 1575980.0) return 1;
-        if (h > 4057944.11) return 5;
-        if (h < 1635608.804) return region3OrAtLeast1();
-        if (h < 2605000.0) return 3;
-        if (h < 2626890.0) return region3Or2();
-        if (h < 3925960.4) return 2;
+        if (h < kOnlyRegion1AboveCritical) return 1;
+        if (h > kOnlyRegion5AboveCritical) return 5;
+        if (h < kRegion1AtCritical) return region3OrAtLeast1();
+        if (h < kOnlyRegion3AboveCritical) return 3;
+        if (h < kB23Above50MPa) return region3Or2();
+        if (h < kOnlyRegion2AboveCritical) return 2;
         return region2Or5();
     }
     if (p >= kP623) {
-        if (h < 1635608.8) return 1;
-        if (h > 4084125.034) return 5;
-        if (h < 1670858.2182744227) return region3OrAtLeast1();
-        if (h > 4057900.0) return region2Or5();
-        if (h > 2626375.4454356735) return 2;
-        if (h > 2563592.0038884096) return region3Or2();
+        if (h < kOnlyRegion1BelowCritical) return 1;
+        if (h > kOnlyRegion5FromP623) return 5;
+        if (h < kSaturatedWaterAt623) return region3OrAtLeast1();
+        if (h > kRegion5BelowCritical) return region2Or5();
+        if (h > kB23AtCritical) return 2;
+        if (h > kSaturatedSteamAt623) return region3Or2();
         // Between the saturated states of region 3: the side of the critical enthalpy decides
         // which saturated density the search starts from.
         const double Ts = TSP(p);
         solved.PublishTemperature(Ts);
-        if (h > 2087248.060963254) return H3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > h ? 4 : 3;
+        if (h > kRegion3SteamSideStart) return H3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > h ? 4 : 3;
         return H3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < h ? 4 : 3;
     }
-    if (p < kLowestSaturationPressure) return region2Or5();
-    if (h > 2803300.0) {
-        if (h < 4084125.0) return 2;
-        if (h > 4160660.93) return 5;
+    if (p < kIcePointSaturationPressure) return region2Or5();
+    if (h > kAboveSaturatedSteam) {
+        if (h < kOnlyRegion2BelowP623) return 2;
+        if (h > kOnlyRegion5BelowP623) return 5;
         return region2Or5();
     }
     const double Ts = TSP(p);
     solved.PublishTemperature(Ts);
-    if (h < 1670858.22) return atOrBelowSaturatedWaterEnthalpy(p, Ts, h) ? 1 : 4;
-    if (h < 2500892.617817171) return 4;
+    if (h < kAboveSaturatedWaterAt623) return atOrBelowSaturatedWaterEnthalpy(p, Ts, h) ? 1 : 4;
+    if (h < kSaturatedSteamAtIcePoint) return 4;
     return H2PT(p, Ts) > h ? 4 : 2;
 }
 
@@ -134,23 +169,23 @@ double WaterModel::TPH(double p, double h) { return backward::temperature<ByEnth
 double WaterModel::VPH(double p, double h) { return backward::specificVolume<ByEnthalpy>(*this, p, h); }
 
 double WaterModel::UPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kInternalEnergy, &WaterModel::USTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kInternalEnergy, &WaterModel::USTX, p, h);
 }
 
 double WaterModel::SPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kEntropy, &WaterModel::SSTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kEntropy, &WaterModel::SSTX, p, h);
 }
 
 double WaterModel::CPPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, p, h);
 }
 
 double WaterModel::CVPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, p, h);
 }
 
 double WaterModel::WPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, backward::kSpeedOfSound, &WaterModel::WSTX, p, h);
+    return backward::regionProperty<ByEnthalpy>(*this, kSpeedOfSound, &WaterModel::WSTX, p, h);
 }
 
 double WaterModel::JOULETHOMPSONPH(double p, double h) { return backward::jouleThomson<ByEnthalpy>(*this, p, h); }

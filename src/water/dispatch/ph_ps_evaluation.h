@@ -7,6 +7,7 @@
 #define TAVLIB6_PH_PS_EVALUATION_H
 
 #include "frame/error_codes.h"
+#include "water/dispatch/region_equations.h"
 #include "water/formulation/water_model.h"
 
 namespace tvl::backward {
@@ -64,29 +65,6 @@ double dryness(WaterModel& w, double y, double Ts) {
 }
 
 // ---- One phase ----
-
-// A property with an equation in each region: of (p, T) in 1, 2 and 5, of (density, T) in 3.
-struct RegionEquations {
-    double (WaterModel::*region1)(double p, double T);
-    double (WaterModel::*region2)(double p, double T);
-    double (WaterModel::*region3)(double rho, double T);
-    double (WaterModel::*region5)(double p, double T);
-};
-
-inline constexpr RegionEquations kInternalEnergy = {&WaterModel::U1PT, &WaterModel::U2PT, &WaterModel::U3RT,
-                                                    &WaterModel::U5PT};
-inline constexpr RegionEquations kEntropy = {&WaterModel::S1PT, &WaterModel::S2PT, &WaterModel::S3RT,
-                                             &WaterModel::S5PT};
-inline constexpr RegionEquations kEnthalpy = {&WaterModel::H1PT, &WaterModel::H2PT, &WaterModel::H3RT,
-                                              &WaterModel::H5PT};
-inline constexpr RegionEquations kIsobaricHeatCapacity = {&WaterModel::CP1PT, &WaterModel::CP2PT,
-                                                          &WaterModel::CP3RT, &WaterModel::CP5PT};
-inline constexpr RegionEquations kIsochoricHeatCapacity = {&WaterModel::CV1PT, &WaterModel::CV2PT,
-                                                           &WaterModel::CV3RT, &WaterModel::CV5PT};
-inline constexpr RegionEquations kSpeedOfSound = {&WaterModel::W1PT, &WaterModel::W2PT, &WaterModel::W3RT,
-                                                  &WaterModel::W5PT};
-inline constexpr RegionEquations kJouleThomson = {&WaterModel::JOULETHOMPSON1PT, &WaterModel::JOULETHOMPSON2PT,
-                                                  &WaterModel::JOULETHOMPSON3RT, &WaterModel::JOULETHOMPSON5PT};
 
 inline double onePhase(WaterModel& w, const RegionEquations& e, double p, const State& s) {
     switch (s.area) {

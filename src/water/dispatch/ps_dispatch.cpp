@@ -72,7 +72,7 @@ int WaterModel::REGIONPS(double p, double s) {
         if (s > 4411.559751434355) return S3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > s ? 4 : 3;
         return S3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < s ? 4 : 3;
     }
-    if (p < kLowestSaturationPressure) return region2Or5();
+    if (p < kIcePointSaturationPressure) return region2Or5();
     const double Ts = TSP(p);
     solved.PublishTemperature(Ts);
     if (S1PT(p, Ts) >= s) return 1;
@@ -87,25 +87,25 @@ double WaterModel::TPS(double p, double s) { return backward::temperature<ByEntr
 double WaterModel::VPS(double p, double s) { return backward::specificVolume<ByEntropy>(*this, p, s); }
 
 double WaterModel::UPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kInternalEnergy, &WaterModel::USTX, p, s);
+    return backward::regionProperty<ByEntropy>(*this, kInternalEnergy, &WaterModel::USTX, p, s);
 }
 
 double WaterModel::HPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kEnthalpy, &WaterModel::HSTX, p, s);
+    return backward::regionProperty<ByEntropy>(*this, kEnthalpy, &WaterModel::HSTX, p, s);
 }
 
 double WaterModel::CPPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kIsobaricHeatCapacity, &WaterModel::CPSTX, p, s,
+    return backward::regionProperty<ByEntropy>(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, p, s,
                                                &region3ByTemperature);
 }
 
 double WaterModel::CVPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kIsochoricHeatCapacity, &WaterModel::CVSTX, p, s,
+    return backward::regionProperty<ByEntropy>(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, p, s,
                                                &region3ByTemperature);
 }
 
 double WaterModel::WPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, backward::kSpeedOfSound, &WaterModel::WSTX, p, s,
+    return backward::regionProperty<ByEntropy>(*this, kSpeedOfSound, &WaterModel::WSTX, p, s,
                                                &region3ByTemperature);
 }
 

@@ -5,10 +5,60 @@
 #include <cmath>
 
 #include "frame/error_codes.h"
+#include "water/dispatch/region_equations.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/water_model.h"
 
 namespace tvl {
+
+namespace {
+
+// A point by the property family's selection: its region and, in region 3, the density that the
+// search found there. Every property of the point is read from these two, so that a property
+// built of several (Prandtl's number) selects and searches once.
+struct PointPT {
+    int region;
+    double rho;  // region 3 only
+};
+
+PointPT selectPT(WaterModel& w, double p, double T) {
+    switch (const int region = w.REGIONPT(p, T)) {
+    case 1:
+    case 2:
+    case 5: return {region, 0.0};
+    case 3: return {3, w.R3PT(p, T)};
+    default: throw kUnknownArea;
+    }
+}
+
+template <class Result>
+Result onePhase(WaterModel& w, const RegionTable<Result>& e, double p, double T, const PointPT& at) {
+    switch (at.region) {
+    case 1: return (w.*e.region1)(p, T);
+    case 2: return (w.*e.region2)(p, T);
+    case 3: return (w.*e.region3)(at.rho, T);
+    default: return (w.*e.region5)(p, T);
+    }
+}
+
+// In region 3 volume and density come from the density found, not from an equation.
+constexpr RegionEquations kVolume = {&WaterModel::V1PT, &WaterModel::V2PT, nullptr, &WaterModel::V5PT};
+constexpr RegionEquations kDensity = {&WaterModel::D1PT, &WaterModel::D2PT, nullptr, &WaterModel::D5PT};
+
+double volume(WaterModel& w, double p, double T, const PointPT& at) {
+    return at.region == 3 ? 1.0 / at.rho : onePhase(w, kVolume, p, T, at);
+}
+
+double density(WaterModel& w, double p, double T, const PointPT& at) {
+    return at.region == 3 ? at.rho : onePhase(w, kDensity, p, T, at);
+}
+
+template <class Result>
+Result propertyPT(WaterModel& w, const RegionTable<Result>& e, double p, double T) {
+    return onePhase(w, e, p, T, selectPT(w, p, T));
+}
+
+}  // namespace
 
 // The margin favours steam: a point a relative tolerance below the saturation or the B23
 // temperature is region 2, and one up to a tolerance above 1073.15 K stays out of region 5.
@@ -17,7 +67,7 @@ int WaterModel::REGIONPT(double p, double T) const {
     if (T > m * kRegion25Temperature) return 5;
     if (T >= kB23UpperTemperature) return 2;
     if (p <= kP623) {
-        if (p < kLowestSaturationPressure) return 2;
+        if (p < kIcePointSaturationPressure) return 2;
         return atOrAboveSaturationTemperature(p, m * T) ? 2 : 1;
     }
     if (T <= kRegion13Temperature) return 1;
@@ -26,7 +76,7 @@ int WaterModel::REGIONPT(double p, double T) const {
 
 int WaterModel::WATERSTATEAREA(double p, double T) const {
     if (T > kRegion25Temperature) return 5;
-    if (T >= kB23UpperTemperature || p < kLowestSaturationPressure) return 2;
+    if (T >= kB23UpperTemperature || p < kIcePointSaturationPressure) return 2;
     if (p <= kCriticalPressure) {
         const double Ts = TSP(p);
         if (settings.tolerance > std::fabs(Ts - T) / T) return 4;
@@ -46,120 +96,42 @@ int WaterModel::PHASESTATEPT(double p, double T) const {
     return p > PST(T) ? 1 : 2;
 }
 
-double WaterModel::VPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return V1PT(p, T);
-    case 2: return V2PT(p, T);
-    case 3: return 1.0 / R3PT(p, T);
-    case 5: return V5PT(p, T);
-    default: throw kUnknownArea;
-    }
+double WaterModel::VPT(double p, double T) { return volume(*this, p, T, selectPT(*this, p, T)); }
+double WaterModel::DPT(double p, double T) { return density(*this, p, T, selectPT(*this, p, T)); }
+double WaterModel::UPT(double p, double T) { return propertyPT(*this, kInternalEnergy, p, T); }
+double WaterModel::SPT(double p, double T) { return propertyPT(*this, kEntropy, p, T); }
+double WaterModel::HPT(double p, double T) { return propertyPT(*this, kEnthalpy, p, T); }
+double WaterModel::CPPT(double p, double T) { return propertyPT(*this, kIsobaricHeatCapacity, p, T); }
+double WaterModel::CVPT(double p, double T) { return propertyPT(*this, kIsochoricHeatCapacity, p, T); }
+double WaterModel::WPT(double p, double T) { return propertyPT(*this, kSpeedOfSound, p, T); }
+double WaterModel::JOULETHOMPSONPT(double p, double T) { return propertyPT(*this, kJouleThomson, p, T); }
+StateProperties WaterModel::VUSHCVWDERPTPT(double p, double T) { return propertyPT(*this, kStateProperties, p, T); }
+
+// Transport and derived properties by (p,T): the density is the reciprocal of the volume.
+double WaterModel::THERMCONDPT(double p, double T) {
+    return THERMCONDRT(1.0 / volume(*this, p, T, selectPT(*this, p, T)), T);
 }
 
-double WaterModel::DPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return D1PT(p, T);
-    case 2: return D2PT(p, T);
-    case 3: return R3PT(p, T);
-    case 5: return D5PT(p, T);
-    default: throw kUnknownArea;
-    }
+double WaterModel::DYNVISPT(double p, double T) {
+    return DYNVISRT(1.0 / volume(*this, p, T, selectPT(*this, p, T)), T);
 }
 
-double WaterModel::UPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return U1PT(p, T);
-    case 2: return U2PT(p, T);
-    case 3: return U3RT(R3PT(p, T), T);
-    case 5: return U5PT(p, T);
-    default: throw kUnknownArea;
-    }
+double WaterModel::PRANDTLEPT(double p, double T) {
+    const PointPT at = selectPT(*this, p, T);
+    const double v = volume(*this, p, T, at);
+    return onePhase(*this, kIsobaricHeatCapacity, p, T, at) * DYNVISRT(1.0 / v, T) / THERMCONDRT(1.0 / v, T);
 }
 
-double WaterModel::SPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return S1PT(p, T);
-    case 2: return S2PT(p, T);
-    case 3: return S3RT(R3PT(p, T), T);
-    case 5: return S5PT(p, T);
-    default: throw kUnknownArea;
-    }
+double WaterModel::KINVISPT(double p, double T) {
+    const double v = volume(*this, p, T, selectPT(*this, p, T));
+    return DYNVISRT(1.0 / v, T) * v;
 }
-
-double WaterModel::HPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return H1PT(p, T);
-    case 2: return H2PT(p, T);
-    case 3: return H3RT(R3PT(p, T), T);
-    case 5: return H5PT(p, T);
-    default: throw kUnknownArea;
-    }
-}
-
-double WaterModel::CPPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return CP1PT(p, T);
-    case 2: return CP2PT(p, T);
-    case 3: return CP3RT(R3PT(p, T), T);
-    case 5: return CP5PT(p, T);
-    default: throw kUnknownArea;
-    }
-}
-
-double WaterModel::CVPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return CV1PT(p, T);
-    case 2: return CV2PT(p, T);
-    case 3: return CV3RT(R3PT(p, T), T);
-    case 5: return CV5PT(p, T);
-    default: throw kUnknownArea;
-    }
-}
-
-double WaterModel::WPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return W1PT(p, T);
-    case 2: return W2PT(p, T);
-    case 3: return W3RT(R3PT(p, T), T);
-    case 5: return W5PT(p, T);
-    default: throw kUnknownArea;
-    }
-}
-
-double WaterModel::JOULETHOMPSONPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return JOULETHOMPSON1PT(p, T);
-    case 2: return JOULETHOMPSON2PT(p, T);
-    case 3: return JOULETHOMPSON3RT(R3PT(p, T), T);
-    case 5: return JOULETHOMPSON5PT(p, T);
-    default: throw kUnknownArea;
-    }
-}
-
-StateProperties WaterModel::VUSHCVWDERPTPT(double p, double T) {
-    switch (REGIONPT(p, T)) {
-    case 1: return VUSHCVWDERPT1PT(p, T);
-    case 2: return VUSHCVWDERPT2PT(p, T);
-    case 3: return VUSHCVWDERPT3RT(R3PT(p, T), T);
-    case 5: return VUSHCVWDERPT5PT(p, T);
-    default: throw kUnknownArea;
-    }
-}
-
-// Transport and derived properties by (p,T): the density by the dispatcher, worked out for each
-// factor on its own.
-double WaterModel::THERMCONDPT(double p, double T) { return THERMCONDRT(1.0 / VPT(p, T), T); }
-
-double WaterModel::DYNVISPT(double p, double T) { return DYNVISRT(1.0 / VPT(p, T), T); }
-
-double WaterModel::PRANDTLEPT(double p, double T) { return CPPT(p, T) * DYNVISPT(p, T) / THERMCONDPT(p, T); }
-
-double WaterModel::KINVISPT(double p, double T) { return DYNVISPT(p, T) * VPT(p, T); }
 
 // The exponent of the isentrope p v^K = constant, taken locally: w^2 / (p v), not cp/cv.
 double WaterModel::KPT(double p, double T) {
-    const double w = WPT(p, T);
-    return w * w / (VPT(p, T) * p);
+    const PointPT at = selectPT(*this, p, T);
+    const double w = onePhase(*this, kSpeedOfSound, p, T, at);
+    return w * w / (volume(*this, p, T, at) * p);
 }
 
 double WaterModel::DCPT(double p, double T) { return DCRT(DPT(p, T), T); }

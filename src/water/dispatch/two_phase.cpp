@@ -22,6 +22,29 @@ void refuseUnderChecks(const ModelSettings& settings) {
     if (settings.checksOn()) throw kOutOfRange;
 }
 
+// A property of the two saturated phases that has no meaning for the wet mixture: refused with
+// checks on; without them the phases' values are mixed, or x is worked out from them.
+struct SaturatedPair {
+    double (WaterModel::*water)(double T);
+    double (WaterModel::*steam)(double T);
+};
+
+constexpr SaturatedPair kIsobaricHeat = {&WaterModel::CPSWT, &WaterModel::CPSST};
+constexpr SaturatedPair kConductivity = {&WaterModel::THERMCONDSWT, &WaterModel::THERMCONDSST};
+constexpr SaturatedPair kViscosity = {&WaterModel::DYNVISSWT, &WaterModel::DYNVISSST};
+constexpr SaturatedPair kKinematicViscosity = {&WaterModel::KINVISSWT, &WaterModel::KINVISSST};
+constexpr SaturatedPair kPrandtl = {&WaterModel::PRANDTLESWT, &WaterModel::PRANDTLESST};
+
+double refusedMix(WaterModel& w, const SaturatedPair& pair, double T, double x) {
+    refuseUnderChecks(w.settings);
+    return mix((w.*pair.water)(T), (w.*pair.steam)(T), x);
+}
+
+double refusedFraction(WaterModel& w, const SaturatedPair& pair, double T, double y) {
+    refuseUnderChecks(w.settings);
+    return fraction((w.*pair.water)(T), (w.*pair.steam)(T), y);
+}
+
 // The equilibrium mixture along the line: with A = -cv / (T g^2) of each phase on its two-phase
 // side, the exponent is K = -v / (((1 - x) A' + x A'') p), so that (1 - x) A' + x A'' plays the
 // part of the mixture's (dv/dp) along an isentrope.
@@ -75,32 +98,17 @@ double WaterModel::WSTX(double T, double x) {
 // An isenthalp crosses the wet area along no isotherm at fixed p: the inverse slope of the line.
 double WaterModel::JOULETHOMPSONSTX(double T, double) { return 1.0 / DPDTST(T); }
 
-double WaterModel::CPSTX(double T, double x) {
-    refuseUnderChecks(settings);
-    return mix(CPSWT(T), CPSST(T), x);
-}
+double WaterModel::CPSTX(double T, double x) { return refusedMix(*this, kIsobaricHeat, T, x); }
 
-double WaterModel::THERMCONDSTX(double T, double x) {
-    refuseUnderChecks(settings);
-    return mix(THERMCONDSWT(T), THERMCONDSST(T), x);
-}
+double WaterModel::THERMCONDSTX(double T, double x) { return refusedMix(*this, kConductivity, T, x); }
 
-double WaterModel::DYNVISSTX(double T, double x) {
-    refuseUnderChecks(settings);
-    return mix(DYNVISSWT(T), DYNVISSST(T), x);
-}
+double WaterModel::DYNVISSTX(double T, double x) { return refusedMix(*this, kViscosity, T, x); }
 
 // The kinematic viscosities of the phases mix, and so do their Prandtl numbers: a mean of the
 // phases' values, not the value of mean properties.
-double WaterModel::KINVISSTX(double T, double x) {
-    refuseUnderChecks(settings);
-    return mix(KINVISSWT(T), KINVISSST(T), x);
-}
+double WaterModel::KINVISSTX(double T, double x) { return refusedMix(*this, kKinematicViscosity, T, x); }
 
-double WaterModel::PRANDTLESTX(double T, double x) {
-    refuseUnderChecks(settings);
-    return mix(PRANDTLESWT(T), PRANDTLESST(T), x);
-}
+double WaterModel::PRANDTLESTX(double T, double x) { return refusedMix(*this, kPrandtl, T, x); }
 
 // ---- Dryness fraction from T and a property ----
 
@@ -116,30 +124,15 @@ double WaterModel::XSTD(double T, double rho) {
     return (water - rho) * (steam / rho) / (water - steam);
 }
 
-double WaterModel::XSTCP(double T, double cp) {
-    refuseUnderChecks(settings);
-    return fraction(CPSWT(T), CPSST(T), cp);
-}
+double WaterModel::XSTCP(double T, double cp) { return refusedFraction(*this, kIsobaricHeat, T, cp); }
 
-double WaterModel::XSTTHERMCOND(double T, double conductivity) {
-    refuseUnderChecks(settings);
-    return fraction(THERMCONDSWT(T), THERMCONDSST(T), conductivity);
-}
+double WaterModel::XSTTHERMCOND(double T, double tc) { return refusedFraction(*this, kConductivity, T, tc); }
 
-double WaterModel::XSTDYNVIS(double T, double viscosity) {
-    refuseUnderChecks(settings);
-    return fraction(DYNVISSWT(T), DYNVISSST(T), viscosity);
-}
+double WaterModel::XSTDYNVIS(double T, double viscosity) { return refusedFraction(*this, kViscosity, T, viscosity); }
 
-double WaterModel::XSTKINVIS(double T, double kinematicViscosity) {
-    refuseUnderChecks(settings);
-    return fraction(KINVISSWT(T), KINVISSST(T), kinematicViscosity);
-}
+double WaterModel::XSTKINVIS(double T, double nu) { return refusedFraction(*this, kKinematicViscosity, T, nu); }
 
-double WaterModel::XSTPRANDTLE(double T, double prandtl) {
-    refuseUnderChecks(settings);
-    return fraction(PRANDTLESWT(T), PRANDTLESST(T), prandtl);
-}
+double WaterModel::XSTPRANDTLE(double T, double prandtl) { return refusedFraction(*this, kPrandtl, T, prandtl); }
 
 // The rule of KSTX solved for x: k p ((1 - x) A' + x A'') = -((1 - x) v' + x v'').
 double WaterModel::XSTK(double T, double exponent) {

@@ -5,6 +5,7 @@
 
 #include "water/formulation/polynomial.h"
 #include "water/formulation/tables/boundary_coefficients.h"
+#include "water/formulation/tables/region2_coefficients.h"
 #include "water/formulation/water_model.h"
 
 namespace tvl {
@@ -27,25 +28,25 @@ constexpr PowerTerm kPB23HS[25] = {
 }  // namespace
 
 double WaterModel::P23T(double T) const {
-    return (348.05185628969 - T * 1.1671859879975 + T * 0.0010192970039326 * T) * 1e6;
+    return (kB23[0] + T * kB23[1] + T * kB23[2] * T) * 1e6;
 }
 
 double WaterModel::T23P(double p) const {
-    return std::sqrt((p / 1e6 - 13.91883977887) / 0.0010192970039326) + 572.54459862746;
+    return std::sqrt((p / 1e6 - kB23[4]) / kB23[2]) + kB23[3];
 }
 
 double WaterModel::P2B2CH(double h) const {
     const double e = h / 1000.0;
-    return (905.84278514723 - e * 0.67955786399241 + e * 0.00012809002730136 * e) * 1e6;
+    return (kB2BC[0] + e * kB2BC[1] + e * kB2BC[2] * e) * 1e6;
 }
 
 double WaterModel::H2B2CP(double p) const {
-    return (std::sqrt((p / 1e6 - 4.5257578905948) / 0.00012809002730136) + 2652.6571908428) * 1000.0;
+    return (std::sqrt((p / 1e6 - kB2BC[4]) / kB2BC[2]) + kB2BC[3]) * 1000.0;
 }
 
 double WaterModel::H2AB(double s) const {
     const double e = s / 1000.0;
-    return (((27.6349063799944 * e - 421.073558227969) * e + 2575.60716905876) * e - 3498.98083432139) * 1000.0;
+    return (((kH2AB[3] * e + kH2AB[2]) * e + kH2AB[1]) * e + kH2AB[0]) * 1000.0;
 }
 
 double WaterModel::HB13S(double s) {

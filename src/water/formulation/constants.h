@@ -20,7 +20,8 @@ constexpr double kHighestTemperature = 2273.15;     // upper limit
 constexpr double kHighestPressure = 1e8;            // regions 1, 2, 3
 constexpr double kRegion5HighestPressure = 5e7;
 constexpr double kP623 = 16529164.252621602;        // B23 at 623.15 K
-constexpr double kLowestSaturationPressure = 611.2126774443452;  // saturation pressure at 273.15 K
+// The saturation pressure at 273.15 K, where the saturation line of the region selections ends.
+constexpr double kIcePointSaturationPressure = 611.2126774443452;
 
 // One rounding unit on either side of 1, the widening of every range limit.
 constexpr double kOnePlusEps = 1.0000000000000002;

@@ -90,8 +90,7 @@ double WaterModel::P2CHS(double h, double s) {
 // Above 4 MPa the 2b/2c line pB2bc(h) decides; a point on the line belongs to 2b.
 double WaterModel::T2PHEquation(double p, double h) {
     if (p <= kSubregion2APressure) return T2APH(p, h);
-    const double e = h / 1000.0;
-    const double boundaryPressure = (905.84278514723 - 0.67955786399241 * e + 0.00012809002730136 * e * e) * 1e6;
+    const double boundaryPressure = P2B2CH(h);
     return boundaryPressure >= p ? T2BPH(p, h) : T2CPH(p, h);
 }
 

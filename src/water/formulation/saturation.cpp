@@ -14,8 +14,10 @@ namespace tvl {
 namespace {
 
 constexpr const double* n = kRegion4;  // n[0] is n1 of the release
-constexpr double kThetaShift = 0.23855557567849;    // minus n9
-constexpr double kThetaPole = 650.17534844798;      // n10
+constexpr double kThetaShift = -n[8];  // minus n9
+constexpr double kThetaPole = n[9];     // n10
+constexpr double kTwiceN3 = 2.0 * n[2];
+constexpr double kTwiceN6 = 2.0 * n[5];
 
 double saturationTemperature(double p) {
     // beta by two square roots, never a general power
@@ -51,7 +53,7 @@ public:
         return bits >> 48;
     }
 
-    // Whether mT >= TSP(p) for p in [kLowestSaturationPressure, kP623].
+    // Whether mT >= TSP(p) for p in [kIcePointSaturationPressure, kP623].
     bool atOrAbove(double p, double mT) const {
         const uint64_t k = key(p) - first;
         if (k >= kCount) return mT >= saturationTemperature(p);  // outside the table
@@ -61,7 +63,7 @@ public:
     }
 
 private:
-    uint64_t first = key(kLowestSaturationPressure);
+    uint64_t first = key(kIcePointSaturationPressure);
     static constexpr int kCount = 16 * 16;  // covers up to kP623, about 15 octaves above
     double edges[kCount + 1];
 };
@@ -93,8 +95,8 @@ double WaterModel::DPDTST(double T) const {
     const double B = n[2] * theta * theta + n[3] * theta + n[4];
     const double C = n[5] * theta * theta + n[6] * theta + n[7];
     const double dA = (2.0 * theta + n[0]) * dTheta;
-    const double dB = (-34.147693880184 * theta + n[3]) * dTheta;  // 2 n3 stored ready-made
-    const double dC = (29.83021722706 * theta + n[6]) * dTheta;    // 2 n6 likewise
+    const double dB = (kTwiceN3 * theta + n[3]) * dTheta;
+    const double dC = (kTwiceN6 * theta + n[6]) * dTheta;
     const double root = std::sqrt(B * B - 4.0 * A * C);
     const double D = root - B;
     const double dRoot = (2.0 * B * dB - 4.0 * (dA * C + A * dC)) / (2.0 * root);
