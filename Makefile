@@ -15,9 +15,10 @@ WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
 
-# Packages that tests use when they are there (numpy, rsvg-convert); failing to install them
-# (no root, no network) only makes those tests skip.
-TEST_PACKAGES = python3-numpy librsvg2-bin
+# Packages that tests use when they are there (numpy, rsvg-convert), and Google Highway for the
+# vector kernels of libtavlib6x; failing to install them (no root, no network) only makes those
+# tests skip, and the batch library keeps its per-element path.
+TEST_PACKAGES = python3-numpy librsvg2-bin libhwy-dev
 
 configure:
 	@test -f $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release

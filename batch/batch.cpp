@@ -20,6 +20,7 @@
 
 #include "export_table.h"
 #include "frame/property_facade.h"
+#include "lanes/lanes.h"
 
 namespace {
 
@@ -138,6 +139,9 @@ struct Job {
 // Evaluates the points [first, last): through the exports, or through `facade` when the job
 // has a facade call. Returns the number that failed, or -1 when the result is a text.
 int64_t evaluateSlice(const Job& job, std::int64_t first, std::int64_t last, tvl::PropertyFacade* facade) {
+    // Exports with a vector kernel run several points side by side, with the bits of these calls.
+    if (const tvlx::lanes::Export* kernel = tvlx::lanes::kernelFor(job.entry->name))
+        return tvlx::lanes::evaluate(*kernel, {job.inputs, job.strides, job.results, job.errors, first, last, facade});
     const Layout& layout = job.layout;
     CallArgs args;
     for (int k = 0; k < layout.count; ++k)

@@ -62,6 +62,12 @@ TVLX_API int32_t tvlxCANEVALUATE(const char* name);
  * negative ones as 0. Returns the value now in force. */
 TVLX_API int32_t tvlxSETTHREADS(int32_t threads);
 
+/* The instruction set of the vector kernels in force: "avx512", "avx2" or "scalar" (every point
+ * by its plain call). Chosen at the first batch from what the processor has; the environment
+ * variable TAVLIB6X_SIMD=avx512|avx2|scalar asks for a lower one. The values are the same on
+ * every path. */
+TVLX_API const char* tvlxSIMD(void);
+
 #ifdef __cplusplus
 }
 #endif

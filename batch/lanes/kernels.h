@@ -1,0 +1,30 @@
+// The interface between the driver (lanes.cpp) and the code compiled once per instruction set
+// (gibbs_lanes.cpp): kernels over contiguous arrays of points.
+#ifndef TAVLIB6X_LANES_KERNELS_H
+#define TAVLIB6X_LANES_KERNELS_H
+
+#include <cstddef>
+
+namespace tvlx::lanes {
+
+// The (p,T) properties of a Gibbs region, in the order of the (p,T) family.
+enum Property { kVolume, kDensity, kInternalEnergy, kEntropy, kEnthalpy, kIsobaricHeat, kIsochoricHeat,
+                kSpeedOfSound, kJouleThomson, kPropertyCount };
+
+// out[k] = the raw region equation at (p[k], T[k]) for k < count, non-finite results included.
+using PointKernel = void (*)(const double* p, const double* T, double* out, std::size_t count);
+
+struct KernelSet {
+    const char* path;
+    PointKernel region1[kPropertyCount];
+    PointKernel region2[kPropertyCount];
+    PointKernel region5[kPropertyCount];
+};
+
+// The kernels of one instruction set, or null where it was not compiled.
+const KernelSet* avx512Kernels();
+const KernelSet* avx2Kernels();
+
+}  // namespace tvlx::lanes
+
+#endif

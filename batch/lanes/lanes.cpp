@@ -1,0 +1,247 @@
+// The driver of the vector kernels: which exports have one, which instruction set runs them, and
+// a slice of a batch cut into blocks. A block of a region's own export goes through its kernel
+// whole; a block of the (p,T) family is first sorted by region, point by point with the range
+// test and the region selection of the plain call, and each region's points then go through
+// that region's kernel together. Every point ends as the plain call ends: the value where it is
+// finite, else the failure value -1.0 with code 1; a point refused by the range test -1.0 with
+// code 2; and points no kernel takes are evaluated by the plain call itself.
+#include "lanes/lanes.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+
+#include "frame/property_facade.h"
+#include "frame/validators.h"
+#include "lanes/kernels.h"
+#include "tavlib6.h"
+#include "tavlib6x.h"
+#include "water/formulation/constants.h"
+#include "water/formulation/tables/saturation_coefficients.h"
+
+#if defined(TAVLIB6X_LANES)
+#include <hwy/targets.h>
+#endif
+
+namespace tvlx::lanes {
+
+struct Export {
+    const char* name;
+    int region;  // 1, 2 or 5 for a region's own export; 0 for the (p,T) family
+    Property property;
+    double (*plain)(double, double);
+    double (tvl::PropertyFacade::*method)(double, double) noexcept;
+};
+
+namespace {
+
+#define TVLX_EXPORT(name, region, property) \
+    {#name, region, property, [](double p, double T) { return tvl##name(p, T); }, &tvl::PropertyFacade::name}
+#define TVLX_REGION_EXPORTS(r)                                                                            \
+    TVLX_EXPORT(V##r##PT, r, kVolume), TVLX_EXPORT(D##r##PT, r, kDensity),                                \
+        TVLX_EXPORT(U##r##PT, r, kInternalEnergy), TVLX_EXPORT(S##r##PT, r, kEntropy),                    \
+        TVLX_EXPORT(H##r##PT, r, kEnthalpy), TVLX_EXPORT(CP##r##PT, r, kIsobaricHeat),                    \
+        TVLX_EXPORT(CV##r##PT, r, kIsochoricHeat), TVLX_EXPORT(W##r##PT, r, kSpeedOfSound),               \
+        TVLX_EXPORT(JOULETHOMPSON##r##PT, r, kJouleThomson)
+
+const Export kExports[] = {
+    TVLX_REGION_EXPORTS(1),
+    TVLX_REGION_EXPORTS(2),
+    TVLX_REGION_EXPORTS(5),
+    TVLX_EXPORT(VPT, 0, kVolume),
+    TVLX_EXPORT(DPT, 0, kDensity),
+    TVLX_EXPORT(UPT, 0, kInternalEnergy),
+    TVLX_EXPORT(SPT, 0, kEntropy),
+    TVLX_EXPORT(HPT, 0, kEnthalpy),
+    TVLX_EXPORT(CPPT, 0, kIsobaricHeat),
+    TVLX_EXPORT(CVPT, 0, kIsochoricHeat),
+    TVLX_EXPORT(WPT, 0, kSpeedOfSound),
+    TVLX_EXPORT(JOULETHOMPSONPT, 0, kJouleThomson),
+};
+
+#undef TVLX_REGION_EXPORTS
+#undef TVLX_EXPORT
+
+#if defined(TAVLIB6X_LANES)
+const KernelSet* chooseKernels() {
+    const int64_t supported = hwy::SupportedTargets();
+    const KernelSet* wide = (supported & HWY_AVX3) != 0 ? avx512Kernels() : nullptr;
+    const KernelSet* narrow = (supported & HWY_AVX2) != 0 ? avx2Kernels() : nullptr;
+    const char* asked = std::getenv("TAVLIB6X_SIMD");
+    if (asked != nullptr && std::strcmp(asked, "scalar") == 0) return nullptr;
+    if (asked != nullptr && std::strcmp(asked, "avx2") == 0) return narrow;
+    return wide != nullptr ? wide : narrow;
+}
+#else
+const KernelSet* chooseKernels() { return nullptr; }
+#endif
+
+const KernelSet* kernels() {
+    static const KernelSet* const chosen = chooseKernels();
+    return chosen;
+}
+
+// ---- The range test and the region selection of the (p,T) family, point by point ----
+
+constexpr int kByPlainCall = 0;  // region 3, and whatever needs more than a comparison
+constexpr int kRefused = -1;     // outside the range: code 2
+
+struct Settings {
+    double tolerance;
+    bool checks;
+    bool known;  // false: the library object's tolerance is not finite, which its export cannot tell
+};
+
+Settings settingsOf(const tvl::PropertyFacade* facade) {
+    if (facade != nullptr) return {facade->settings.tolerance, facade->settings.checksOn(), true};
+    const double tolerance = tvlGETTOLERANCE();
+    const bool known = tvlGETLASTERROR() == 0;
+    return {tolerance, tvlGETCHECKRANGEMODE() != 0, known};
+}
+
+double saturationTemperature(double p) {
+    constexpr const double* n = tvl::kRegion4;
+    const double betaSquared = std::sqrt(p / 1e6);
+    const double beta = std::sqrt(betaSquared);
+    const double E = betaSquared + n[2] * beta + n[5];
+    const double F = n[0] * betaSquared + n[3] * beta + n[6];
+    const double G = n[1] * betaSquared + n[4] * beta + n[7];
+    const double D = 2.0 * G / (-F - std::sqrt(F * F - 4.0 * E * G));
+    const double sum = n[9] + D;
+    return (sum - std::sqrt(sum * sum - 4.0 * (n[9] * D - 0.23855557567849))) * 0.5;
+}
+
+double b23Temperature(double p) { return std::sqrt((p / 1e6 - 13.91883977887) / 0.0010192970039326) + 572.54459862746; }
+
+int regionOf(double p, double T, const Settings& settings) {
+    if (!std::isfinite(p) || !std::isfinite(T)) return kByPlainCall;
+    if (settings.checks) {
+        const tvl::PressureTemperatureLimits& limits = tvl::kArgumentLimits;
+        if (T < limits.lowestTemperature) return kByPlainCall;  // the melting curve bounds p there
+        if (T > limits.highestTemperature || p < 0.0 || p > limits.highestPressure) return kRefused;
+        if (T > limits.region5Temperature && p > limits.region5Pressure) return kRefused;
+    }
+    const double m = 1.0 + settings.tolerance;
+    if (T > m * tvl::kRegion25Temperature) return 5;
+    if (T >= tvl::kB23UpperTemperature) return 2;
+    if (p <= tvl::kP623) {
+        if (p < tvl::kLowestSaturationPressure) return 2;
+        return m * T >= saturationTemperature(p) ? 2 : 1;
+    }
+    if (T <= tvl::kRegion13Temperature) return 1;
+    return b23Temperature(p) > m * T ? kByPlainCall : 2;
+}
+
+// ---- A slice in blocks ----
+
+constexpr int kBlock = 256;
+
+class SliceRun {
+public:
+    SliceRun(const Export& e, const Slice& slice) : e(e), slice(slice) {}
+
+    void point(int64_t element, double value, int32_t code) {
+        slice.results[element] = value;
+        if (slice.errors != nullptr) slice.errors[element] = code;
+        if (code != 0) ++failed;
+        if (element == slice.last - 1) lastCode = code;
+    }
+
+    // The frame's finiteness test on a kernel's value.
+    void computed(int64_t element, double value) {
+        if (std::isfinite(value)) point(element, value, 0);
+        else point(element, -1.0, tvl::kBadParameters);
+    }
+
+    void byPlainCall(int64_t element, double p, double T) {
+        tvl::PropertyFacade* facade = slice.facade;
+        const double value = facade != nullptr ? (facade->*e.method)(p, T) : e.plain(p, T);
+        point(element, value, facade != nullptr ? facade->lastError : tvlGETLASTERROR());
+    }
+
+    // The last point's code stays as the model object's last error.
+    void finish() {
+        if (slice.last <= slice.first) return;
+        if (slice.facade != nullptr) slice.facade->lastError = lastCode;
+        else tvlSETLASTERROR(lastCode);
+    }
+
+    const Export& e;
+    const Slice& slice;
+    int64_t failed = 0;
+    int32_t lastCode = 0;
+};
+
+PointKernel kernelOf(const KernelSet& set, int region, Property property) {
+    return region == 1 ? set.region1[property] : region == 2 ? set.region2[property] : set.region5[property];
+}
+
+// A block of the (p,T) family: sorted by region, each region's points through its kernel.
+void familyBlock(SliceRun& run, const KernelSet& set, const Settings& settings, int64_t start, const double* p,
+                 const double* T, int count) {
+    int region[kBlock];
+    for (int k = 0; k < count; ++k) {
+        region[k] = regionOf(p[k], T[k], settings);
+        if (region[k] == kRefused) run.point(start + k, -1.0, tvl::kOutOfRange);
+        if (region[k] == kByPlainCall) run.byPlainCall(start + k, p[k], T[k]);
+    }
+    for (int r : {1, 2, 5}) {
+        double rp[kBlock], rT[kBlock], out[kBlock];
+        int index[kBlock];
+        int n = 0;
+        for (int k = 0; k < count; ++k)
+            if (region[k] == r) {
+                rp[n] = p[k];
+                rT[n] = T[k];
+                index[n++] = k;
+            }
+        if (n == 0) continue;
+        kernelOf(set, r, run.e.property)(rp, rT, out, static_cast<std::size_t>(n));
+        for (int j = 0; j < n; ++j) run.computed(start + index[j], out[j]);
+    }
+}
+
+}  // namespace
+
+const Export* kernelFor(const char* name) {
+    if (name == nullptr || kernels() == nullptr) return nullptr;
+    for (const Export& e : kExports)
+        if (std::strcmp(e.name, name) == 0) return &e;
+    return nullptr;
+}
+
+int64_t evaluate(const Export& e, const Slice& slice) {
+    const KernelSet& set = *kernels();
+    SliceRun run(e, slice);
+    if (slice.last <= slice.first) return 0;
+    const Settings settings = e.region == 0 ? settingsOf(slice.facade) : Settings{0.0, false, true};
+    double p[kBlock], T[kBlock], out[kBlock];
+    for (int64_t start = slice.first; start < slice.last; start += kBlock) {
+        const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
+        for (int k = 0; k < count; ++k) {
+            p[k] = slice.inputs[0][(start + k) * slice.strides[0]];
+            T[k] = slice.inputs[1][(start + k) * slice.strides[1]];
+        }
+        if (!settings.known) {
+            for (int k = 0; k < count; ++k) run.byPlainCall(start + k, p[k], T[k]);
+            continue;
+        }
+        if (e.region == 0) {
+            familyBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        kernelOf(set, e.region, e.property)(p, T, out, static_cast<std::size_t>(count));
+        for (int k = 0; k < count; ++k) run.computed(start + k, out[k]);
+    }
+    run.finish();
+    return run.failed;
+}
+
+const char* pathName() {
+    const KernelSet* set = kernels();
+    return set != nullptr ? set->path : "scalar";
+}
+
+}  // namespace tvlx::lanes
+
+extern "C" TVLX_API const char* tvlxSIMD(void) { return tvlx::lanes::pathName(); }
