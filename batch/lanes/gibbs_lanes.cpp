@@ -15,10 +15,12 @@
 #include <utility>
 
 #include "lanes/kernels.h"
+#include "frame/validators.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/tables/region1_coefficients.h"
 #include "water/formulation/tables/region2_coefficients.h"
 #include "water/formulation/tables/region5_coefficients.h"
+#include "water/formulation/tables/saturation_coefficients.h"
 
 #ifndef TAVLIB6X_GIBBS_TERMS_ONCE
 #define TAVLIB6X_GIBBS_TERMS_ONCE
@@ -418,9 +420,62 @@ void Region5Kernel(const double* p, const double* T, double* out, std::size_t co
     overArrays(p, T, out, count, [](D d, V pv, V Tv) { return region5Property<Property>(d, pv, Tv); });
 }
 
+// ---- Region selection of the (p,T) family, as the frame's range test and the dispatcher ----
+
+HWY_INLINE V saturationTemperature(D d, V p) {
+    constexpr const double* n = tvl::kRegion4;
+    const auto c = [d](double value) { return hn::Set(d, value); };
+    const V betaSquared = hn::Sqrt(hn::Div(p, c(1e6)));
+    const V beta = hn::Sqrt(betaSquared);
+    const V E = hn::Add(hn::Add(betaSquared, hn::Mul(c(n[2]), beta)), c(n[5]));
+    const V F = hn::Add(hn::Add(hn::Mul(c(n[0]), betaSquared), hn::Mul(c(n[3]), beta)), c(n[6]));
+    const V G = hn::Add(hn::Add(hn::Mul(c(n[1]), betaSquared), hn::Mul(c(n[4]), beta)), c(n[7]));
+    const V root = hn::Sqrt(hn::Sub(hn::Mul(F, F), hn::Mul(hn::Mul(c(4.0), E), G)));
+    const V Dv = hn::Div(hn::Mul(c(2.0), G), hn::Sub(hn::Neg(F), root));
+    const V sum = hn::Add(c(n[9]), Dv);
+    const V inner = hn::Mul(c(4.0), hn::Sub(hn::Mul(c(n[9]), Dv), c(0.23855557567849)));
+    return hn::Mul(hn::Sub(sum, hn::Sqrt(hn::Sub(hn::Mul(sum, sum), inner))), c(0.5));
+}
+
+HWY_INLINE V b23Temperature(D d, V p) {
+    const V reduced = hn::Div(hn::Sub(hn::Div(p, hn::Set(d, 1e6)), hn::Set(d, 13.91883977887)),
+                              hn::Set(d, 0.0010192970039326));
+    return hn::Add(hn::Sqrt(reduced), hn::Set(d, 572.54459862746));
+}
+
+HWY_INLINE V classifyLanes(D d, V p, V T, double m, bool checks) {
+    const auto c = [d](double value) { return hn::Set(d, value); };
+    const V inf = c(HUGE_VAL);
+    const V mT = hn::Mul(c(m), T);
+    // REGIONPT from the inside out
+    const V b23Side = hn::IfThenElse(hn::Le(T, c(tvl::kRegion13Temperature)), c(1.0),
+                                     hn::IfThenElse(hn::Gt(b23Temperature(d, p), mT), c(0.0), c(2.0)));
+    const V saturationSide = hn::IfThenElse(hn::Lt(p, c(tvl::kLowestSaturationPressure)), c(2.0),
+                                            hn::IfThenElse(hn::Ge(mT, saturationTemperature(d, p)), c(2.0), c(1.0)));
+    V region = hn::IfThenElse(hn::Le(p, c(tvl::kP623)), saturationSide, b23Side);
+    region = hn::IfThenElse(hn::Ge(T, c(tvl::kB23UpperTemperature)), c(2.0), region);
+    region = hn::IfThenElse(hn::Gt(T, c(m * tvl::kRegion25Temperature)), c(5.0), region);
+    if (checks) {
+        const tvl::PressureTemperatureLimits& limits = tvl::kArgumentLimits;
+        const auto refused = hn::Or(hn::Or(hn::Gt(T, c(limits.highestTemperature)), hn::Lt(p, c(0.0))),
+                                    hn::Or(hn::Gt(p, c(limits.highestPressure)),
+                                           hn::And(hn::Gt(T, c(limits.region5Temperature)),
+                                                   hn::Gt(p, c(limits.region5Pressure)))));
+        region = hn::IfThenElse(refused, c(-1.0), region);
+        region = hn::IfThenElse(hn::Lt(T, c(limits.lowestTemperature)), c(0.0), region);  // the melting curve
+    }
+    const auto finite = hn::And(hn::Lt(hn::Abs(p), inf), hn::Lt(hn::Abs(T), inf));
+    return hn::IfThenElseZero(finite, region);
+}
+
+void Classify(const double* p, const double* T, double* region, std::size_t count, double tolerance, bool checks) {
+    const double m = 1.0 + tolerance;
+    overArrays(p, T, region, count, [m, checks](D d, V pv, V Tv) { return classifyLanes(d, pv, Tv, m, checks); });
+}
+
 template <std::size_t... P>
 constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
-    return {path, {&Region1Kernel<P>...}, {&Region2Kernel<P>...}, {&Region5Kernel<P>...}};
+    return {path, &Classify, {&Region1Kernel<P>...}, {&Region2Kernel<P>...}, {&Region5Kernel<P>...}};
 }
 
 const KernelSet* Kernels() {

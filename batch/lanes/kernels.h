@@ -14,8 +14,15 @@ enum Property { kVolume, kDensity, kInternalEnergy, kEntropy, kEnthalpy, kIsobar
 // out[k] = the raw region equation at (p[k], T[k]) for k < count, non-finite results included.
 using PointKernel = void (*)(const double* p, const double* T, double* out, std::size_t count);
 
+// The range test and the region selection of the (p,T) family for each point: region[k] = 1, 2
+// or 5; 0 where the plain call decides (region 3, non-finite arguments, below 273.15 K with the
+// range test on); -1 where the range test refuses the point.
+using Classifier = void (*)(const double* p, const double* T, double* region, std::size_t count, double tolerance,
+                            bool checks);
+
 struct KernelSet {
     const char* path;
+    Classifier classify;
     PointKernel region1[kPropertyCount];
     PointKernel region2[kPropertyCount];
     PointKernel region5[kPropertyCount];

@@ -16,8 +16,6 @@
 #include "lanes/kernels.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
-#include "water/formulation/constants.h"
-#include "water/formulation/tables/saturation_coefficients.h"
 
 #if defined(TAVLIB6X_LANES)
 #include <hwy/targets.h>
@@ -81,10 +79,7 @@ const KernelSet* kernels() {
     return chosen;
 }
 
-// ---- The range test and the region selection of the (p,T) family, point by point ----
-
-constexpr int kByPlainCall = 0;  // region 3, and whatever needs more than a comparison
-constexpr int kRefused = -1;     // outside the range: code 2
+// ---- The settings the (p,T) family reads ----
 
 struct Settings {
     double tolerance;
@@ -97,39 +92,6 @@ Settings settingsOf(const tvl::PropertyFacade* facade) {
     const double tolerance = tvlGETTOLERANCE();
     const bool known = tvlGETLASTERROR() == 0;
     return {tolerance, tvlGETCHECKRANGEMODE() != 0, known};
-}
-
-double saturationTemperature(double p) {
-    constexpr const double* n = tvl::kRegion4;
-    const double betaSquared = std::sqrt(p / 1e6);
-    const double beta = std::sqrt(betaSquared);
-    const double E = betaSquared + n[2] * beta + n[5];
-    const double F = n[0] * betaSquared + n[3] * beta + n[6];
-    const double G = n[1] * betaSquared + n[4] * beta + n[7];
-    const double D = 2.0 * G / (-F - std::sqrt(F * F - 4.0 * E * G));
-    const double sum = n[9] + D;
-    return (sum - std::sqrt(sum * sum - 4.0 * (n[9] * D - 0.23855557567849))) * 0.5;
-}
-
-double b23Temperature(double p) { return std::sqrt((p / 1e6 - 13.91883977887) / 0.0010192970039326) + 572.54459862746; }
-
-int regionOf(double p, double T, const Settings& settings) {
-    if (!std::isfinite(p) || !std::isfinite(T)) return kByPlainCall;
-    if (settings.checks) {
-        const tvl::PressureTemperatureLimits& limits = tvl::kArgumentLimits;
-        if (T < limits.lowestTemperature) return kByPlainCall;  // the melting curve bounds p there
-        if (T > limits.highestTemperature || p < 0.0 || p > limits.highestPressure) return kRefused;
-        if (T > limits.region5Temperature && p > limits.region5Pressure) return kRefused;
-    }
-    const double m = 1.0 + settings.tolerance;
-    if (T > m * tvl::kRegion25Temperature) return 5;
-    if (T >= tvl::kB23UpperTemperature) return 2;
-    if (p <= tvl::kP623) {
-        if (p < tvl::kLowestSaturationPressure) return 2;
-        return m * T >= saturationTemperature(p) ? 2 : 1;
-    }
-    if (T <= tvl::kRegion13Temperature) return 1;
-    return b23Temperature(p) > m * T ? kByPlainCall : 2;
 }
 
 // ---- A slice in blocks ----
@@ -179,22 +141,22 @@ PointKernel kernelOf(const KernelSet& set, int region, Property property) {
 // A block of the (p,T) family: sorted by region, each region's points through its kernel.
 void familyBlock(SliceRun& run, const KernelSet& set, const Settings& settings, int64_t start, const double* p,
                  const double* T, int count) {
-    int region[kBlock];
+    double region[kBlock];
+    set.classify(p, T, region, static_cast<std::size_t>(count), settings.tolerance, settings.checks);
     for (int k = 0; k < count; ++k) {
-        region[k] = regionOf(p[k], T[k], settings);
-        if (region[k] == kRefused) run.point(start + k, -1.0, tvl::kOutOfRange);
-        if (region[k] == kByPlainCall) run.byPlainCall(start + k, p[k], T[k]);
+        if (region[k] == -1.0) run.point(start + k, -1.0, tvl::kOutOfRange);
+        if (region[k] == 0.0) run.byPlainCall(start + k, p[k], T[k]);
     }
     for (int r : {1, 2, 5}) {
         double rp[kBlock], rT[kBlock], out[kBlock];
         int index[kBlock];
         int n = 0;
-        for (int k = 0; k < count; ++k)
-            if (region[k] == r) {
-                rp[n] = p[k];
-                rT[n] = T[k];
-                index[n++] = k;
-            }
+        for (int k = 0; k < count; ++k) {  // without branches: the regions of random states alternate
+            rp[n] = p[k];
+            rT[n] = T[k];
+            index[n] = k;
+            n += region[k] == r ? 1 : 0;
+        }
         if (n == 0) continue;
         kernelOf(set, r, run.e.property)(rp, rT, out, static_cast<std::size_t>(n));
         for (int j = 0; j < n; ++j) run.computed(start + index[j], out[j]);
