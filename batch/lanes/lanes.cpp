@@ -109,10 +109,18 @@ public:
         if (element == slice.last - 1) lastCode = code;
     }
 
-    // The frame's finiteness test on a kernel's value.
-    void computed(int64_t element, double value) {
-        if (std::isfinite(value)) point(element, value, 0);
-        else point(element, -1.0, tvl::kBadParameters);
+    // The frame's finiteness test on a kernel's values: out[j] belongs to the point
+    // start + index[j], or start + j without an index.
+    void computed(int64_t start, const double* out, const int* index, int count) {
+        for (int j = 0; j < count; ++j) {
+            const int64_t element = start + (index != nullptr ? index[j] : j);
+            const bool finite = std::isfinite(out[j]);
+            const int32_t code = finite ? 0 : tvl::kBadParameters;
+            slice.results[element] = finite ? out[j] : -1.0;
+            if (slice.errors != nullptr) slice.errors[element] = code;
+            failed += finite ? 0 : 1;
+            if (element == slice.last - 1) lastCode = code;
+        }
     }
 
     void byPlainCall(int64_t element, double p, double T) {
@@ -159,8 +167,15 @@ void familyBlock(SliceRun& run, const KernelSet& set, const Settings& settings, 
         }
         if (n == 0) continue;
         kernelOf(set, r, run.e.property)(rp, rT, out, static_cast<std::size_t>(n));
-        for (int j = 0; j < n; ++j) run.computed(start + index[j], out[j]);
+        run.computed(start, out, index, n);
     }
+}
+
+// The block's values of input j: in place where they are contiguous, else copied.
+const double* column(const Slice& slice, int j, int64_t start, int count, double* copy) {
+    if (slice.strides[j] == 1) return slice.inputs[j] + start;
+    for (int k = 0; k < count; ++k) copy[k] = slice.inputs[j][(start + k) * slice.strides[j]];
+    return copy;
 }
 
 }  // namespace
@@ -177,13 +192,11 @@ int64_t evaluate(const Export& e, const Slice& slice) {
     SliceRun run(e, slice);
     if (slice.last <= slice.first) return 0;
     const Settings settings = e.region == 0 ? settingsOf(slice.facade) : Settings{0.0, false, true};
-    double p[kBlock], T[kBlock], out[kBlock];
+    double pCopy[kBlock], TCopy[kBlock], out[kBlock];
     for (int64_t start = slice.first; start < slice.last; start += kBlock) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
-        for (int k = 0; k < count; ++k) {
-            p[k] = slice.inputs[0][(start + k) * slice.strides[0]];
-            T[k] = slice.inputs[1][(start + k) * slice.strides[1]];
-        }
+        const double* p = column(slice, 0, start, count, pCopy);
+        const double* T = column(slice, 1, start, count, TCopy);
         if (!settings.known) {
             for (int k = 0; k < count; ++k) run.byPlainCall(start + k, p[k], T[k]);
             continue;
@@ -193,7 +206,7 @@ int64_t evaluate(const Export& e, const Slice& slice) {
             continue;
         }
         kernelOf(set, e.region, e.property)(p, T, out, static_cast<std::size_t>(count));
-        for (int k = 0; k < count; ++k) run.computed(start + k, out[k]);
+        run.computed(start, out, nullptr, count);
     }
     run.finish();
     return run.failed;
