@@ -185,6 +185,7 @@ int64_t evaluateOnThreads(const Job& job, std::int64_t count, int threads) {
     tvl::ModelSettings settings;
     settings.maxIterations = tvlGETMAXITERATION();
     settings.tolerance = tvlGETTOLERANCE();
+    if (tvlGETLASTERROR() != 0) return -1;  // a tolerance that is not finite reads back as -1.0: one thread
     settings.checkRangeMode = tvlGETCHECKRANGEMODE();
     settings.toleranceMode = tvlGETTOLERANCEMODE();
 

@@ -151,7 +151,10 @@ TEST_F(LanesTest, ThreadedSlicesAndRepeatedArgumentsHaveThePlainBits) {
     const auto once = points;
     while (points.size() < 9000) points.insert(points.end(), once.begin(), once.end());
     tvlxSETTHREADS(2);
-    expectPlainBits(points, false, "two threads");
+    for (const Settings& s : {kSettings[0], kSettings[6]}) {  // a tolerance of NaN too
+        apply(s);
+        expectPlainBits(points, false, "two threads, tolerance " + std::to_string(s.tolerance));
+    }
     expectPlainBits({{1e3, 600.0}, {2e7, 600.0}, {4e7, 600.0}, {kNaN, 600.0}}, true, "T repeated");
 }
 
