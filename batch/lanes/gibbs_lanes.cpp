@@ -473,9 +473,74 @@ void Classify(const double* p, const double* T, double* region, std::size_t coun
     overArrays(p, T, region, count, [m, checks](D d, V pv, V Tv) { return classifyLanes(d, pv, Tv, m, checks); });
 }
 
+// ---- The saturation line ----
+
+constexpr double kThetaShift = 0.23855557567849;  // minus n9
+constexpr double kThetaPole = 650.17534844798;    // n10
+
+struct LineTerms {
+    V theta, A, B, C;
+};
+
+HWY_INLINE LineTerms lineTerms(D d, V theta) {
+    constexpr const double* n = tvl::kRegion4;
+    const auto c = [d](double value) { return hn::Set(d, value); };
+    const V A = hn::Add(hn::Add(hn::Mul(theta, theta), hn::Mul(c(n[0]), theta)), c(n[1]));
+    const V B = hn::Add(hn::Add(hn::Mul(hn::Mul(c(n[2]), theta), theta), hn::Mul(c(n[3]), theta)), c(n[4]));
+    const V C = hn::Add(hn::Add(hn::Mul(hn::Mul(c(n[5]), theta), theta), hn::Mul(c(n[6]), theta)), c(n[7]));
+    return {theta, A, B, C};
+}
+
+HWY_INLINE V saturationPressure(D d, V T) {
+    const auto c = [d](double value) { return hn::Set(d, value); };
+    const LineTerms t = lineTerms(d, hn::Sub(T, hn::Div(c(kThetaShift), hn::Sub(T, c(kThetaPole)))));
+    const V root = hn::Sqrt(hn::Sub(hn::Mul(t.B, t.B), hn::Mul(hn::Mul(c(4.0), t.A), t.C)));
+    const V q = hn::Div(hn::Mul(c(2.0), t.C), hn::Sub(root, t.B));
+    const V q2 = hn::Mul(q, q);
+    return hn::Mul(hn::Mul(q2, q2), c(1e6));
+}
+
+// dp/dT along the line in closed form, the integer powers by repeated squaring.
+HWY_INLINE V saturationSlope(D d, V T) {
+    constexpr const double* n = tvl::kRegion4;
+    const auto c = [d](double value) { return hn::Set(d, value); };
+    const V pole = hn::Sub(T, c(kThetaPole));
+    const LineTerms t = lineTerms(d, hn::Sub(T, hn::Div(c(kThetaShift), pole)));
+    const V dTheta = hn::Add(c(1.0), hn::Div(c(kThetaShift), hn::Mul(pole, pole)));
+    const V dA = hn::Mul(hn::Add(hn::Mul(c(2.0), t.theta), c(n[0])), dTheta);
+    const V dB = hn::Mul(hn::Add(hn::Mul(c(-34.147693880184), t.theta), c(n[3])), dTheta);
+    const V dC = hn::Mul(hn::Add(hn::Mul(c(29.83021722706), t.theta), c(n[6])), dTheta);
+    const V root = hn::Sqrt(hn::Sub(hn::Mul(t.B, t.B), hn::Mul(hn::Mul(c(4.0), t.A), t.C)));
+    const V Dv = hn::Sub(root, t.B);
+    const V dRoot = hn::Div(hn::Sub(hn::Mul(hn::Mul(c(2.0), t.B), dB),
+                                    hn::Mul(c(4.0), hn::Add(hn::Mul(dA, t.C), hn::Mul(t.A, dC)))),
+                            hn::Mul(c(2.0), root));
+    const V twoC = hn::Mul(c(2.0), t.C);
+    const V twoCCubed = hn::Mul(hn::Mul(twoC, twoC), twoC);
+    const V D2 = hn::Mul(Dv, Dv);
+    const V D5 = hn::Mul(hn::Mul(D2, D2), Dv);
+    const V bracket = hn::Sub(hn::Mul(hn::Mul(c(2.0), dC), Dv), hn::Mul(hn::Sub(dRoot, dB), twoC));
+    return hn::Div(hn::Mul(hn::Mul(c(4e6), twoCCubed), bracket), D5);
+}
+
+void PressureKernel(const double* T, const double*, double* out, std::size_t count) {
+    overArrays(T, T, out, count, [](D d, V Tv, V) { return saturationPressure(d, Tv); });
+}
+void TemperatureKernel(const double* p, const double*, double* out, std::size_t count) {
+    overArrays(p, p, out, count, [](D d, V pv, V) { return saturationTemperature(d, pv); });
+}
+void SlopeKernel(const double* T, const double*, double* out, std::size_t count) {
+    overArrays(T, T, out, count, [](D d, V Tv, V) { return saturationSlope(d, Tv); });
+}
+
 template <std::size_t... P>
 constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
-    return {path, &Classify, {&Region1Kernel<P>...}, {&Region2Kernel<P>...}, {&Region5Kernel<P>...}};
+    return {path,
+            &Classify,
+            {&Region1Kernel<P>...},
+            {&Region2Kernel<P>...},
+            {&Region5Kernel<P>...},
+            {&PressureKernel, &TemperatureKernel, &SlopeKernel}};
 }
 
 const KernelSet* Kernels() {

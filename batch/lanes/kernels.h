@@ -11,6 +11,9 @@ namespace tvlx::lanes {
 enum Property { kVolume, kDensity, kInternalEnergy, kEntropy, kEnthalpy, kIsobaricHeat, kIsochoricHeat,
                 kSpeedOfSound, kJouleThomson, kPropertyCount };
 
+// The equations of the saturation line, of one argument (T, or p for the temperature).
+enum Line { kSaturationPressure, kSaturationTemperature, kSaturationSlope, kLineCount };
+
 // out[k] = the raw region equation at (p[k], T[k]) for k < count, non-finite results included.
 using PointKernel = void (*)(const double* p, const double* T, double* out, std::size_t count);
 
@@ -26,6 +29,7 @@ struct KernelSet {
     PointKernel region1[kPropertyCount];
     PointKernel region2[kPropertyCount];
     PointKernel region5[kPropertyCount];
+    PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
 };
 
 // The kernels of one instruction set, or null where it was not compiled.

@@ -23,40 +23,56 @@
 
 namespace tvlx::lanes {
 
+constexpr int kFamily = 0;  // Export::region of the (p,T) family
+constexpr int kLine = -1;   // and of the saturation line
+
 struct Export {
     const char* name;
-    int region;  // 1, 2 or 5 for a region's own export; 0 for the (p,T) family
-    Property property;
+    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine
+    int kernel;  // the Property, or on the line the Line
     double (*plain)(double, double);
     double (tvl::PropertyFacade::*method)(double, double) noexcept;
+    // The saturation line: one argument, and the range that checkRangeMode holds it to.
+    double (*plainLine)(double);
+    double (tvl::PropertyFacade::*methodLine)(double) noexcept;
+    double lowest;
+    double highest;
 };
 
 namespace {
 
 #define TVLX_EXPORT(name, region, property) \
-    {#name, region, property, [](double p, double T) { return tvl##name(p, T); }, &tvl::PropertyFacade::name}
+    {#name, region, property, [](double p, double T) { return tvl##name(p, T); }, &tvl::PropertyFacade::name, \
+     nullptr, nullptr, 0.0, 0.0}
 #define TVLX_REGION_EXPORTS(r)                                                                            \
     TVLX_EXPORT(V##r##PT, r, kVolume), TVLX_EXPORT(D##r##PT, r, kDensity),                                \
         TVLX_EXPORT(U##r##PT, r, kInternalEnergy), TVLX_EXPORT(S##r##PT, r, kEntropy),                    \
         TVLX_EXPORT(H##r##PT, r, kEnthalpy), TVLX_EXPORT(CP##r##PT, r, kIsobaricHeat),                    \
         TVLX_EXPORT(CV##r##PT, r, kIsochoricHeat), TVLX_EXPORT(W##r##PT, r, kSpeedOfSound),               \
         TVLX_EXPORT(JOULETHOMPSON##r##PT, r, kJouleThomson)
+#define TVLX_LINE_EXPORT(name, line, lowest, highest) \
+    {#name, kLine, line, nullptr, nullptr, [](double x) { return tvl##name(x); }, &tvl::PropertyFacade::name, lowest, highest}
 
 const Export kExports[] = {
     TVLX_REGION_EXPORTS(1),
     TVLX_REGION_EXPORTS(2),
     TVLX_REGION_EXPORTS(5),
-    TVLX_EXPORT(VPT, 0, kVolume),
-    TVLX_EXPORT(DPT, 0, kDensity),
-    TVLX_EXPORT(UPT, 0, kInternalEnergy),
-    TVLX_EXPORT(SPT, 0, kEntropy),
-    TVLX_EXPORT(HPT, 0, kEnthalpy),
-    TVLX_EXPORT(CPPT, 0, kIsobaricHeat),
-    TVLX_EXPORT(CVPT, 0, kIsochoricHeat),
-    TVLX_EXPORT(WPT, 0, kSpeedOfSound),
-    TVLX_EXPORT(JOULETHOMPSONPT, 0, kJouleThomson),
+    TVLX_EXPORT(VPT, kFamily, kVolume),
+    TVLX_EXPORT(DPT, kFamily, kDensity),
+    TVLX_EXPORT(UPT, kFamily, kInternalEnergy),
+    TVLX_EXPORT(SPT, kFamily, kEntropy),
+    TVLX_EXPORT(HPT, kFamily, kEnthalpy),
+    TVLX_EXPORT(CPPT, kFamily, kIsobaricHeat),
+    TVLX_EXPORT(CVPT, kFamily, kIsochoricHeat),
+    TVLX_EXPORT(WPT, kFamily, kSpeedOfSound),
+    TVLX_EXPORT(JOULETHOMPSONPT, kFamily, kJouleThomson),
+    TVLX_LINE_EXPORT(PST, kSaturationPressure, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
+    TVLX_LINE_EXPORT(TSP, kSaturationTemperature, tvl::kSaturationLowestPressure,
+                     tvl::kCriticalPressure * tvl::kOnePlusEps),
+    TVLX_LINE_EXPORT(DPDTST, kSaturationSlope, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
 };
 
+#undef TVLX_LINE_EXPORT
 #undef TVLX_REGION_EXPORTS
 #undef TVLX_EXPORT
 
@@ -87,11 +103,15 @@ struct Settings {
     bool known;  // false: the library object's tolerance is not finite, which its export cannot tell
 };
 
-Settings settingsOf(const tvl::PropertyFacade* facade) {
+// What the export reads: regions' own exports nothing, the saturation line the range test, the
+// (p,T) family the tolerance as well.
+Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
+    if (e.region > 0) return {0.0, false, true};
     if (facade != nullptr) return {facade->settings.tolerance, facade->settings.checksOn(), true};
+    const bool checks = tvlGETCHECKRANGEMODE() != 0;
+    if (e.region == kLine) return {0.0, checks, true};
     const double tolerance = tvlGETTOLERANCE();
-    const bool known = tvlGETLASTERROR() == 0;
-    return {tolerance, tvlGETCHECKRANGEMODE() != 0, known};
+    return {tolerance, checks, tvlGETLASTERROR() == 0};
 }
 
 // ---- A slice in blocks ----
@@ -125,7 +145,9 @@ public:
 
     void byPlainCall(int64_t element, double p, double T) {
         tvl::PropertyFacade* facade = slice.facade;
-        const double value = facade != nullptr ? (facade->*e.method)(p, T) : e.plain(p, T);
+        double value;
+        if (e.region == kLine) value = facade != nullptr ? (facade->*e.methodLine)(p) : e.plainLine(p);
+        else value = facade != nullptr ? (facade->*e.method)(p, T) : e.plain(p, T);
         point(element, value, facade != nullptr ? facade->lastError : tvlGETLASTERROR());
     }
 
@@ -142,7 +164,7 @@ public:
     int32_t lastCode = 0;
 };
 
-PointKernel kernelOf(const KernelSet& set, int region, Property property) {
+PointKernel kernelOf(const KernelSet& set, int region, int property) {
     return region == 1 ? set.region1[property] : region == 2 ? set.region2[property] : set.region5[property];
 }
 
@@ -166,9 +188,27 @@ void familyBlock(SliceRun& run, const KernelSet& set, const Settings& settings, 
             n += region[k] == r ? 1 : 0;
         }
         if (n == 0) continue;
-        kernelOf(set, r, run.e.property)(rp, rT, out, static_cast<std::size_t>(n));
+        kernelOf(set, r, run.e.kernel)(rp, rT, out, static_cast<std::size_t>(n));
         run.computed(start, out, index, n);
     }
+}
+
+// A block of the saturation line: the kernel over all points; those the range test refuses
+// get code 2 instead of their values.
+void lineBlock(SliceRun& run, const KernelSet& set, const Settings& settings, int64_t start, const double* x,
+               int count) {
+    double out[kBlock], accepted[kBlock];
+    int index[kBlock];
+    set.line[run.e.kernel](x, x, out, static_cast<std::size_t>(count));
+    int n = 0;
+    for (int k = 0; k < count; ++k) {
+        const bool refused = settings.checks && (x[k] < run.e.lowest || x[k] > run.e.highest);
+        if (refused) run.point(start + k, -1.0, tvl::kOutOfRange);
+        accepted[n] = out[k];
+        index[n] = k;
+        n += refused ? 0 : 1;
+    }
+    run.computed(start, accepted, index, n);
 }
 
 // The block's values of input j: in place where they are contiguous, else copied.
@@ -191,21 +231,25 @@ int64_t evaluate(const Export& e, const Slice& slice) {
     const KernelSet& set = *kernels();
     SliceRun run(e, slice);
     if (slice.last <= slice.first) return 0;
-    const Settings settings = e.region == 0 ? settingsOf(slice.facade) : Settings{0.0, false, true};
+    const Settings settings = settingsOf(e, slice.facade);
     double pCopy[kBlock], TCopy[kBlock], out[kBlock];
     for (int64_t start = slice.first; start < slice.last; start += kBlock) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
         const double* p = column(slice, 0, start, count, pCopy);
-        const double* T = column(slice, 1, start, count, TCopy);
+        const double* T = e.region == kLine ? p : column(slice, 1, start, count, TCopy);
         if (!settings.known) {
             for (int k = 0; k < count; ++k) run.byPlainCall(start + k, p[k], T[k]);
             continue;
         }
-        if (e.region == 0) {
+        if (e.region == kFamily) {
             familyBlock(run, set, settings, start, p, T, count);
             continue;
         }
-        kernelOf(set, e.region, e.property)(p, T, out, static_cast<std::size_t>(count));
+        if (e.region == kLine) {
+            lineBlock(run, set, settings, start, p, count);
+            continue;
+        }
+        kernelOf(set, e.region, e.kernel)(p, T, out, static_cast<std::size_t>(count));
         run.computed(start, out, nullptr, count);
     }
     run.finish();
