@@ -24,7 +24,12 @@ const std::vector<Pair>& statesOf(int region) {
     static const auto all = tvlbench::states(1e3, 1e8, 273.15, 2273.15, [](double p, double T) { return T <= 1073.15 || p <= 5e7; }, kStates);
     static const auto no3 = tvlbench::states(1e3, 1e8, 273.15, 2273.15, [](double p, double T) {
         return (T <= 1073.15 || p <= 5e7) && tvlWATERSTATEAREA2(p, T) != 3; }, kStates);
+    // The saturation line: the argument in a, T for PST, p for TSP.
+    static const auto lineT = tvlbench::states(273.15, 647.096, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    static const auto lineP = tvlbench::states(611.3, 2.2e7, 0.0, 1.0, [](double, double) { return true; }, kStates);
     switch (region) {
+    case 7: return lineT;
+    case 8: return lineP;
     case 1: return r1;
     case 2: return r2;
     case 5: return r5;
@@ -56,7 +61,7 @@ void array(benchmark::State& state, const char* name, int region) {
         p.push_back(in.a);
         T.push_back(in.b);
     }
-    const double* inputs[2] = {p.data(), T.data()};
+    const double* inputs[2] = {p.data(), T.data()};  // the line reads the first only
     const int64_t strides[2] = {1, 1};
     tvlxSETTHREADS(1);
     for (auto _ : state)
@@ -67,10 +72,13 @@ void array(benchmark::State& state, const char* name, int region) {
     state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(p.size()));
 }
 
+double pst(double T, double) { return tvlPST(T); }
+double tsp(double p, double) { return tvlTSP(p); }
+
 struct Family {
     const char* name;
     double (*plain)(double, double);
-    int region;  // 1, 2, 5; 0 all regions; 6 all but region 3
+    int region;  // 1, 2, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p
     const char* states;
 };
 
@@ -79,7 +87,7 @@ const Family kFamilies[] = {
     {"H2PT", tvlH2PT, 2, "r2"},  {"V2PT", tvlV2PT, 2, "r2"},  {"S2PT", tvlS2PT, 2, "r2"},  {"W2PT", tvlW2PT, 2, "r2"},
     {"H5PT", tvlH5PT, 5, "r5"},  {"V5PT", tvlV5PT, 5, "r5"},  {"S5PT", tvlS5PT, 5, "r5"},  {"W5PT", tvlW5PT, 5, "r5"},
     {"HPT", tvlHPT, 6, "r125"},  {"VPT", tvlVPT, 6, "r125"},  {"SPT", tvlSPT, 6, "r125"},  {"CPPT", tvlCPPT, 6, "r125"},
-    {"HPT", tvlHPT, 0, "all"},   {"VPT", tvlVPT, 0, "all"},
+    {"HPT", tvlHPT, 0, "all"},   {"VPT", tvlVPT, 0, "all"},   {"PST", pst, 7, "line"},      {"TSP", tsp, 8, "line"},
 };
 
 const int registered = [] {

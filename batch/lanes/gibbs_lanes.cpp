@@ -65,31 +65,22 @@ inline constexpr auto kRegion2Ideal = products(tvl::kRegion2Ideal);
 inline constexpr auto kRegion5Residual = products(tvl::kRegion5Residual);
 inline constexpr auto kRegion5Ideal = products(tvl::kRegion5Ideal);
 
-// The highest power a sum reads: exponents reduced by up to two (second derivatives), raised by
-// one in x (the region 5 Joule-Thomson form).
-template <class Table>
-constexpr int reachOfI(const Table& table) {
-    int reach = 0;
+// The highest power a sum reads: an exponent column of the table lowered by up to two (second
+// derivatives) and raised by up to `raise` (the region 5 Joule-Thomson form reads pi^(I+1)).
+template <class Table, class Exponent>
+constexpr int reach(const Table& table, Exponent exponent, int raise) {
+    int highest = 0;
     for (const auto& t : table)
-        for (int e : {t.I - 2, t.I - 1, t.I, t.I + 1}) reach = (e < 0 ? -e : e) > reach ? (e < 0 ? -e : e) : reach;
-    return reach;
+        for (int shift = -2; shift <= raise; ++shift) {
+            const int e = exponent(t) + shift;
+            highest = (e < 0 ? -e : e) > highest ? (e < 0 ? -e : e) : highest;
+        }
+    return highest;
 }
 
-template <class Table>
-constexpr int reachOfJ(const Table& table) {
-    int reach = 0;
-    for (const auto& t : table)
-        for (int e : {t.J - 2, t.J - 1, t.J}) reach = (e < 0 ? -e : e) > reach ? (e < 0 ? -e : e) : reach;
-    return reach;
-}
-
-template <class Table>
-constexpr int reachOfIdeal(const Table& table) {
-    int reach = 0;
-    for (const auto& t : table)
-        for (int e : {t.J0 - 2, t.J0 - 1, t.J0}) reach = (e < 0 ? -e : e) > reach ? (e < 0 ? -e : e) : reach;
-    return reach;
-}
+constexpr auto columnI = [](const Residual& t) { return t.I; };
+constexpr auto columnJ = [](const Residual& t) { return t.J; };
+constexpr auto columnJ0 = [](const Ideal& t) { return t.J0; };
 
 // Which sums a property reads (the scalar region functions' choice).
 enum Sum : unsigned { kG = 1u, kPi = 2u, kPiPi = 4u, kTau = 8u, kTauTau = 16u, kPiTau = 32u };
@@ -209,8 +200,8 @@ struct Point {
     Sums sums;
 };
 
-constexpr int kRegion1ReachX = reachOfI(kRegion1);
-constexpr int kRegion1ReachY = reachOfJ(kRegion1);
+constexpr int kRegion1ReachX = reach(kRegion1, columnI, 1);
+constexpr int kRegion1ReachY = reach(kRegion1, columnJ, 0);
 
 template <unsigned Wanted>
 HWY_INLINE Point region1(D d, V p, V T) {
@@ -223,9 +214,9 @@ HWY_INLINE Point region1(D d, V p, V T) {
     return {pi, tau, residualSums<kRegion1, Wanted, true>(d, x, y, std::make_index_sequence<kRegion1.size()>())};
 }
 
-constexpr int kRegion2ReachPi = reachOfI(kRegion2Residual);
-constexpr int kRegion2ReachY = reachOfJ(kRegion2Residual);
-constexpr int kRegion2ReachTau = reachOfIdeal(kRegion2Ideal);
+constexpr int kRegion2ReachPi = reach(kRegion2Residual, columnI, 1);
+constexpr int kRegion2ReachY = reach(kRegion2Residual, columnJ, 0);
+constexpr int kRegion2ReachTau = reach(kRegion2Ideal, columnJ0, 0);
 
 // The residual sums of region 2 at (p, T), with pi and tau.
 template <unsigned Wanted>
@@ -251,9 +242,11 @@ HWY_INLINE Point region2(D d, V p, V T) {
     return {r.pi, r.tau, combined<Wanted>(d, r.pi, ideal, r.sums, logPi)};
 }
 
-constexpr int kRegion5ReachPi = reachOfI(kRegion5Residual);
-constexpr int kRegion5ReachTau = reachOfJ(kRegion5Residual) > reachOfIdeal(kRegion5Ideal) ? reachOfJ(kRegion5Residual)
-                                                                                           : reachOfIdeal(kRegion5Ideal);
+constexpr int kRegion5ReachPi = reach(kRegion5Residual, columnI, 1);
+// Residual and ideal part both run in tau itself, so one table serves both.
+constexpr int kRegion5ReachTau = reach(kRegion5Residual, columnJ, 0) > reach(kRegion5Ideal, columnJ0, 0)
+                                     ? reach(kRegion5Residual, columnJ, 0)
+                                     : reach(kRegion5Ideal, columnJ0, 0);
 
 struct Region5Tables {
     V pi, tau;
