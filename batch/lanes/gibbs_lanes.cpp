@@ -12,6 +12,8 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <utility>
 
 #include "lanes/kernels.h"
@@ -81,6 +83,56 @@ constexpr int reach(const Table& table, Exponent exponent, int raise) {
 constexpr auto columnI = [](const Residual& t) { return t.I; };
 constexpr auto columnJ = [](const Residual& t) { return t.J; };
 constexpr auto columnJ0 = [](const Ideal& t) { return t.J0; };
+
+// The saturation temperature, as the plain TSP computes it.
+inline double saturationTemperature(double p) {
+    constexpr const double* n = tvl::kRegion4;
+    const double betaSquared = std::sqrt(p / 1e6);
+    const double beta = std::sqrt(betaSquared);
+    const double E = betaSquared + n[2] * beta + n[5];
+    const double F = n[0] * betaSquared + n[3] * beta + n[6];
+    const double G = n[1] * betaSquared + n[4] * beta + n[7];
+    const double D = 2.0 * G / (-F - std::sqrt(F * F - 4.0 * E * G));
+    const double sum = n[9] + D;
+    return (sum - std::sqrt(sum * sum - 4.0 * (n[9] * D - 0.23855557567849))) * 0.5;
+}
+
+// Bounds of the saturation temperature between pressures whose bits share their top 16, as the
+// region selection of the plain calls uses them: a temperature above a bucket's upper bound is
+// steam, below its lower bound liquid, and only in between is the saturation temperature
+// computed. Same bounds, same decisions, the same bits.
+struct SaturationBuckets {
+    static constexpr int kCount = 16 * 16;  // from the lowest saturation pressure up past B23 at 623.15 K
+    static constexpr double kWidening = 1e-6;  // K
+    std::int64_t first;
+    double lower[kCount];  // TSP at the bucket's lower end, less the widening
+    double upper[kCount];  // TSP at its upper end, plus the widening
+
+    static std::int64_t key(double p) {
+        std::uint64_t bits;
+        std::memcpy(&bits, &p, sizeof bits);
+        return static_cast<std::int64_t>(bits >> 48);
+    }
+
+    SaturationBuckets() : first(key(tvl::kLowestSaturationPressure)) {
+        for (int k = 0; k < kCount; ++k) {
+            lower[k] = edge(k) - kWidening;
+            upper[k] = edge(k + 1) + kWidening;
+        }
+    }
+
+    double edge(int k) const {
+        const std::uint64_t bits = static_cast<std::uint64_t>(first + k) << 48;
+        double p;
+        std::memcpy(&p, &bits, sizeof p);
+        return saturationTemperature(p);
+    }
+};
+
+inline const SaturationBuckets& saturationBuckets() {
+    static const SaturationBuckets buckets;
+    return buckets;
+}
 
 // Which sums a property reads (the scalar region functions' choice).
 enum Sum : unsigned { kG = 1u, kPi = 2u, kPiPi = 4u, kTau = 8u, kTauTau = 16u, kPiTau = 32u };
@@ -436,15 +488,36 @@ HWY_INLINE V b23Temperature(D d, V p) {
     return hn::Add(hn::Sqrt(reduced), hn::Set(d, 572.54459862746));
 }
 
+// mT >= TSP(p) for p from the lowest saturation pressure to B23 at 623.15 K: decided by the
+// bucket bounds, the saturation temperature computed only where a lane falls between them.
+HWY_INLINE hn::Mask<D> atOrAboveSaturation(D d, V p, V mT) {
+    using DI = hn::RebindToSigned<D>;
+    const DI di;
+    const hn::RebindToUnsigned<D> du;
+    const SaturationBuckets& buckets = saturationBuckets();
+    const auto key = hn::BitCast(di, hn::ShiftRight<48>(hn::BitCast(du, p)));
+    const auto k = hn::Sub(key, hn::Set(di, buckets.first));
+    const auto inTable = hn::And(hn::Gt(k, hn::Set(di, -1)), hn::Lt(k, hn::Set(di, SaturationBuckets::kCount)));
+    const auto index = hn::IfThenElseZero(inTable, k);
+    const auto above = hn::Ge(mT, hn::GatherIndex(d, buckets.upper, index));
+    const auto below = hn::Lt(mT, hn::GatherIndex(d, buckets.lower, index));
+    const auto decided = hn::And(hn::RebindMask(d, inTable), hn::Or(above, below));
+    const auto onTheLine = hn::And(hn::Le(p, hn::Set(d, tvl::kP623)), hn::Ge(p, hn::Set(d, tvl::kLowestSaturationPressure)));
+    if (hn::AllFalse(d, hn::AndNot(decided, onTheLine))) return above;
+    return hn::Or(hn::And(decided, above), hn::AndNot(decided, hn::Ge(mT, saturationTemperature(d, p))));
+}
+
 HWY_INLINE V classifyLanes(D d, V p, V T, double m, bool checks) {
     const auto c = [d](double value) { return hn::Set(d, value); };
     const V inf = c(HUGE_VAL);
     const V mT = hn::Mul(c(m), T);
-    // REGIONPT from the inside out
-    const V b23Side = hn::IfThenElse(hn::Le(T, c(tvl::kRegion13Temperature)), c(1.0),
-                                     hn::IfThenElse(hn::Gt(b23Temperature(d, p), mT), c(0.0), c(2.0)));
+    // REGIONPT from the inside out; B23 only where a lane lies above P623 and 623.15 K
+    V b23Side = hn::IfThenElse(hn::Le(T, c(tvl::kRegion13Temperature)), c(1.0), c(2.0));
+    if (!hn::AllFalse(d, hn::And(hn::Gt(p, c(tvl::kP623)), hn::Gt(T, c(tvl::kRegion13Temperature)))))
+        b23Side = hn::IfThenElse(hn::Le(T, c(tvl::kRegion13Temperature)), c(1.0),
+                                 hn::IfThenElse(hn::Gt(b23Temperature(d, p), mT), c(0.0), c(2.0)));
     const V saturationSide = hn::IfThenElse(hn::Lt(p, c(tvl::kLowestSaturationPressure)), c(2.0),
-                                            hn::IfThenElse(hn::Ge(mT, saturationTemperature(d, p)), c(2.0), c(1.0)));
+                                            hn::IfThenElse(atOrAboveSaturation(d, p, mT), c(2.0), c(1.0)));
     V region = hn::IfThenElse(hn::Le(p, c(tvl::kP623)), saturationSide, b23Side);
     region = hn::IfThenElse(hn::Ge(T, c(tvl::kB23UpperTemperature)), c(2.0), region);
     region = hn::IfThenElse(hn::Gt(T, c(m * tvl::kRegion25Temperature)), c(5.0), region);
