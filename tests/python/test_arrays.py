@@ -192,7 +192,7 @@ class BatchLibraryTest(unittest.TestCase):
             self.skipTest('no libtavlib6x.so beside the library')
         out = subprocess.run(['nm', '-D', '--defined-only', path], capture_output=True, text=True, check=True).stdout
         self.assertEqual({line.split()[-1] for line in out.splitlines() if line.strip()},
-                         {'tvlxEVALUATE', 'tvlxCANEVALUATE', 'tvlxSETTHREADS'})
+                         {'tvlxEVALUATE', 'tvlxCANEVALUATE', 'tvlxSETTHREADS', 'tvlxSIMD'})
 
 
 if __name__ == '__main__':
