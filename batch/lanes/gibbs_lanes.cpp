@@ -358,8 +358,7 @@ constexpr unsigned kCaloric = kPi | kPiPi | kTauTau | kPiTau;  // what cv and w 
 
 // The property P of a region from its Gibbs point (regions 1, 2, 5 share these forms).
 template <int Property, class PointAt>
-HWY_INLINE V gibbsProperty(D d, V p, V T, PointAt pointAt, double pStar, double RTstar) {
-    (void)p;
+HWY_INLINE V gibbsProperty(D d, V T, PointAt pointAt, double pStar, double RTstar) {
     if constexpr (Property == kVolume) return volume(d, pointAt(std::integral_constant<unsigned, kPi>()), T, pStar);
     if constexpr (Property == kInternalEnergy)
         return internalEnergy(d, pointAt(std::integral_constant<unsigned, kPi | kTau>()), T);
@@ -381,7 +380,7 @@ HWY_INLINE V region1Property(D d, V p, V T) {
         return hn::Div(hn::Set(d, tvl::kRegion1Pressure), hn::Mul(hn::Mul(hn::Set(d, R), T), x.sums.gPi));
     } else {
         const auto at = [&](auto wanted) { return region1<decltype(wanted)::value>(d, p, T); };
-        return gibbsProperty<Property>(d, p, T, at, tvl::kRegion1Pressure, tvl::kRegion1RT);
+        return gibbsProperty<Property>(d, T, at, tvl::kRegion1Pressure, tvl::kRegion1RT);
     }
 }
 
@@ -394,7 +393,7 @@ HWY_INLINE V region2Property(D d, V p, V T) {
         return hn::Div(p, hn::Mul(hn::Mul(hn::Set(d, R), T), piGammaPi));
     } else {
         const auto at = [&](auto wanted) { return region2<decltype(wanted)::value>(d, p, T); };
-        return gibbsProperty<Property>(d, p, T, at, 1e6, 249224.04);
+        return gibbsProperty<Property>(d, T, at, 1e6, 249224.04);
     }
 }
 
@@ -431,7 +430,7 @@ HWY_INLINE V region5Property(D d, V p, V T) {
                        hn::Mul(hn::Mul(hn::Set(d, 1e6), t.tau), hn::Add(curvature, ideal.gTauTau)));
     } else {
         const auto at = [&](auto wanted) { return region5<decltype(wanted)::value>(d, p, T); };
-        return gibbsProperty<Property>(d, p, T, at, 1e6, 461526.0);
+        return gibbsProperty<Property>(d, T, at, 1e6, 461526.0);
     }
 }
 
