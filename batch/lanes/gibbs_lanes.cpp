@@ -23,6 +23,7 @@
 #include "water/formulation/tables/region2_coefficients.h"
 #include "water/formulation/tables/region5_coefficients.h"
 #include "water/formulation/tables/saturation_coefficients.h"
+#include "water/formulation/water_model.h"
 
 #ifndef TAVLIB6X_GIBBS_TERMS_ONCE
 #define TAVLIB6X_GIBBS_TERMS_ONCE
@@ -84,19 +85,6 @@ constexpr auto columnI = [](const Residual& t) { return t.I; };
 constexpr auto columnJ = [](const Residual& t) { return t.J; };
 constexpr auto columnJ0 = [](const Ideal& t) { return t.J0; };
 
-// The saturation temperature, as the plain TSP computes it.
-inline double saturationTemperature(double p) {
-    constexpr const double* n = tvl::kRegion4;
-    const double betaSquared = std::sqrt(p / 1e6);
-    const double beta = std::sqrt(betaSquared);
-    const double E = betaSquared + n[2] * beta + n[5];
-    const double F = n[0] * betaSquared + n[3] * beta + n[6];
-    const double G = n[1] * betaSquared + n[4] * beta + n[7];
-    const double D = 2.0 * G / (-F - std::sqrt(F * F - 4.0 * E * G));
-    const double sum = n[9] + D;
-    return (sum - std::sqrt(sum * sum - 4.0 * (n[9] * D - 0.23855557567849))) * 0.5;
-}
-
 // Bounds of the saturation temperature between pressures whose bits share their top 16, as the
 // region selection of the plain calls uses them: a temperature above a bucket's upper bound is
 // steam, below its lower bound liquid, and only in between is the saturation temperature
@@ -114,18 +102,23 @@ struct SaturationBuckets {
         return static_cast<std::int64_t>(bits >> 48);
     }
 
+    // The edges from the model's own saturation temperature.
     SaturationBuckets() : first(key(tvl::kLowestSaturationPressure)) {
+        const tvl::ModelSettings settings;
+        tvl::SolvedState solved;
+        const tvl::WaterModel water(settings, solved);
         for (int k = 0; k < kCount; ++k) {
-            lower[k] = edge(k) - kWidening;
-            upper[k] = edge(k + 1) + kWidening;
+            lower[k] = water.TSP(edge(k)) - kWidening;
+            upper[k] = water.TSP(edge(k + 1)) + kWidening;
         }
     }
 
+    // The lowest pressure of bucket k.
     double edge(int k) const {
         const std::uint64_t bits = static_cast<std::uint64_t>(first + k) << 48;
         double p;
         std::memcpy(&p, &bits, sizeof p);
-        return saturationTemperature(p);
+        return p;
     }
 };
 
