@@ -10,15 +10,16 @@ WIN32_BUILD ?= build-win32
 MINGW_PACKAGES = g++-mingw-w64-x86-64 g++-mingw-w64-i686 binutils-mingw-w64
 WINE_PACKAGES = wine wine64 xvfb xauth imagemagick
 
-.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test
+.PHONY: all configure run test install bench sanitize fuzz tsan clean windows windows-test octave octave-test dist-windows calc calc-test
 
 all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
 
-# Packages that tests use when they are there (numpy, rsvg-convert), and Google Highway for the
-# vector kernels of libtavlib6x; failing to install them (no root, no network) only makes those
-# tests skip, and the batch library keeps its per-element path.
-TEST_PACKAGES = python3-numpy librsvg2-bin libhwy-dev
+# Packages that tests use when they are there (numpy, dask, iapws as a second implementation,
+# pip/venv/wheel for the wheel test, rsvg-convert), and Google Highway for the vector kernels of
+# libtavlib6x; failing to install them (no root, no network) only makes those tests skip, and
+# the batch library keeps its per-element path.
+TEST_PACKAGES = python3-numpy python3-dask python3-iapws python3-pip python3-venv python3-setuptools python3-wheel librsvg2-bin libhwy-dev
 
 configure:
 	@test -f $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
@@ -27,10 +28,30 @@ configure:
 run: all
 	@sh tools/steam_table.sh $(BUILD)/tvl
 
+# Octave and its MEX compiler for the octave_mex test, which skips without them.
+OCTAVE_PACKAGES = octave liboctave-dev
+
 test:
 	-@sh tools/install_packages.sh $(TEST_PACKAGES)
+	-@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
+	-@sh tools/install_packages.sh $(CALC_PACKAGES)
 	@$(MAKE) --no-print-directory all
 	cd $(BUILD) && ctest -j $(JOBS) --output-on-failure
+
+# LibreOffice Calc: the extension build/tavlib6.oxt (a worksheet function per export), and the test
+# that calculates a sheet of formulas with it in a headless LibreOffice against tvl (also in
+# `make test`, as ctest's calc_extension; skipped where LibreOffice cannot be installed).
+CALC_PACKAGES = libreoffice-calc python3-uno libreoffice-script-provider-python libreoffice-dev
+
+calc: configure
+	@sh tools/install_packages.sh $(CALC_PACKAGES)
+	cmake --build $(BUILD) -j $(JOBS) --target tavlib6
+	sh hosts/calc/build.sh $(BUILD)
+
+calc-test: configure
+	-@sh tools/install_packages.sh $(CALC_PACKAGES)
+	cmake --build $(BUILD) -j $(JOBS) --target tavlib6 tvl
+	python3 tests/hosts/calc_test.py $(BUILD) || [ $$? -eq 77 ]
 
 # The libraries, headers, tvl, the CMake package and the pkg-config files under PREFIX.
 install: configure
@@ -82,12 +103,38 @@ windows:
 	cmake --build $(WIN32_BUILD) -j $(JOBS) --target tavlib6
 	python3 tools/check_exports.py $(WIN64_BUILD)/tavlib6.dll $(WIN32_BUILD)/tavlib6.dll
 
-# The 64-bit DLL under Wine: the same calls as the Linux library, and the about box on screen.
-windows-test: windows configure
+# The 64-bit DLL under Wine: the same calls as the Linux library, the about box on screen, the
+# Excel module's declarations against both DLLs, and the help file of the bundle in the viewer.
+windows-test: dist-windows configure
 	@sh tools/install_packages.sh $(WINE_PACKAGES)
 	cmake --build $(BUILD) -j $(JOBS) --target tavlib6_call_check
 	cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6_call_check tavlib6_about_check
 	bash tools/windows/wine_test.sh $(BUILD) $(WIN64_BUILD)
+	python3 tests/hosts/excel_bas_check.py $(WIN64_BUILD)/tavlib6.dll $(WIN32_BUILD)/tavlib6.dll
+	bash tools/windows/help_test.sh $(WIN64_BUILD) $(WIN64_BUILD)/tavlib6.chm
+
+# build/tavlib6.mex, the library for GNU Octave (and MATLAB): tavlib6('HPT', p, T).
+octave: all
+	@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
+	sh hosts/octave/build.sh $(BUILD)
+
+octave-test: all
+	@sh tools/install_packages.sh $(OCTAVE_PACKAGES)
+	sh tests/hosts/octave_test.sh $(BUILD)
+
+# dist/tavlib6-windows.zip: both DLLs (and the batch library where it builds) with their import
+# libraries, the headers, the Excel module, the help file tavlib6.chm built from docs/ and a
+# README for spreadsheet users.
+DIST ?= dist
+CHM_PACKAGES = python3-markdown fp-utils
+DEBIAN_PYTHON = $(firstword $(wildcard /usr/bin/python3) python3)
+
+dist-windows: windows
+	@sh tools/install_packages.sh $(CHM_PACKAGES)
+	-cmake --build $(WIN64_BUILD) -j $(JOBS) --target tavlib6x
+	-cmake --build $(WIN32_BUILD) -j $(JOBS) --target tavlib6x
+	$(DEBIAN_PYTHON) tools/gen_chm.py $(WIN64_BUILD)
+	python3 hosts/windows/make_bundle.py $(DIST)/tavlib6-windows.zip $(WIN64_BUILD) $(WIN32_BUILD) $(WIN64_BUILD)/tavlib6.chm
 
 clean:
-	rm -rf $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(TSAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)
+	rm -rf $(DIST) $(BUILD) $(SANITIZE_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(TSAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)

@@ -5,42 +5,13 @@ element, each call with its own frame (large batches of water functions on sever
 and hands back the values and the error code of every element. No Python code runs per element.
 """
 import ctypes
-import ctypes.util
-import os
+import functools
 
 import numpy as np
 
 _DOUBLE_P = ctypes.POINTER(ctypes.c_double)
 _NUMERIC = ('double', 'int32')
 ERROR_POLICIES = ('raise', 'nan')
-
-
-def load_batch_library(library_path):
-    """libtavlib6x beside the main library, or as TAVLIB6X_LIBRARY names it; None without it."""
-    explicit = os.environ.get('TAVLIB6X_LIBRARY')
-    folder = os.path.dirname(library_path)
-    stem, extension = os.path.splitext(os.path.basename(library_path))
-    if explicit:
-        candidates = [explicit]
-    elif folder:
-        candidates = [os.path.join(folder, stem + 'x' + extension)]
-    else:
-        candidates = [ctypes.util.find_library('tavlib6x') or 'libtavlib6x.so']
-    for candidate in candidates:
-        try:
-            library = ctypes.CDLL(candidate)
-        except OSError:
-            continue
-        library.tvlxEVALUATE.restype = ctypes.c_int64
-        library.tvlxEVALUATE.argtypes = [ctypes.c_char_p, ctypes.c_int64, ctypes.POINTER(_DOUBLE_P),
-                                         ctypes.POINTER(ctypes.c_int64), ctypes.POINTER(ctypes.c_char_p), _DOUBLE_P,
-                                         ctypes.POINTER(_DOUBLE_P), ctypes.POINTER(ctypes.c_int32)]
-        library.tvlxCANEVALUATE.restype = ctypes.c_int32
-        library.tvlxCANEVALUATE.argtypes = [ctypes.c_char_p]
-        library.tvlxSETTHREADS.restype = ctypes.c_int32
-        library.tvlxSETTHREADS.argtypes = [ctypes.c_int32]
-        return library
-    return None
 
 
 def _pointer(array):
@@ -129,3 +100,31 @@ def array_arguments(args, scalars=(float, int, str, bytes, type(None))):
 
 def scalar_arguments(args):
     return tuple(arg.item() if isinstance(arg, np.generic) else arg for arg in args)
+
+
+def is_dask(arg):
+    """True for a dask array, recognised without importing dask."""
+    return type(arg).__module__.startswith('dask.') and hasattr(arg, 'map_blocks')
+
+
+def evaluate_dask(evaluator, args, errors):
+    """The export over dask arrays: one batch call per block, lazily, as dask.array.map_blocks
+    runs it (on a cluster too); each block gives the bits of the numpy call on its elements."""
+    import dask.array as da
+
+    positions = [k for k, arg in enumerate(args) if not np.isscalar(arg) and not isinstance(arg, (str, bytes))]
+    arrays = da.broadcast_arrays(*[da.asarray(args[k]) for k in positions])
+    whole = evaluator.result == 'int32' and errors == 'raise' and not evaluator.outputs
+    dtype = np.int32 if whole else np.float64
+
+    def block(*blocks, cell=None):
+        given = list(args)
+        for k, b in zip(positions, blocks):
+            given[k] = b
+        result = evaluator.evaluate(given, errors)
+        return np.asarray(result if cell is None else result[cell], dtype=dtype)
+
+    if evaluator.outputs:
+        return tuple(da.map_blocks(functools.partial(block, cell=j), *arrays, dtype=dtype)
+                     for j in range(evaluator.outputs))
+    return da.map_blocks(block, *arrays, dtype=dtype)

@@ -1,4 +1,5 @@
 """The Python module as a user meets it: values, errors, outputs, the raw functions."""
+import inspect
 import math
 import unittest
 
@@ -42,6 +43,28 @@ class ModuleTest(unittest.TestCase):
     def test_wrong_number_of_arguments(self):
         with self.assertRaises(TypeError):
             tavlib6.H1PT(1e5)
+
+    def test_arguments_by_name_and_by_position(self):
+        value = tavlib6.HPT(1e5, 300.0)
+        self.assertEqual(tavlib6.HPT(p=1e5, T=300.0), value)
+        self.assertEqual(tavlib6.HPT(1e5, T=300.0), value)
+        self.assertEqual(tavlib6.PT1HS(h=tavlib6.H1PT(5e6, 400.0), s=tavlib6.S1PT(5e6, 400.0))[1],
+                         tavlib6.PT1HS(tavlib6.H1PT(5e6, 400.0), tavlib6.S1PT(5e6, 400.0))[1])
+        self.assertEqual(tavlib6.gCPGST(gs='N2:79;O2:21', T=300.0), tavlib6.gCPGST('N2:79;O2:21', 300.0))
+        for bad in ({'p': 1e5, 'T': 300.0, 'h': 1.0}, {'p': 1e5}, {'T': 300.0}):
+            with self.assertRaises(TypeError):
+                tavlib6.HPT(**bad)
+        with self.assertRaises(TypeError):
+            tavlib6.HPT(1e5, 300.0, p=1e5)
+
+    def test_signatures_and_docstrings_come_from_the_reference(self):
+        self.assertEqual(str(inspect.signature(tavlib6.HPT)), "(p, T, *, errors='raise')")
+        self.assertEqual(str(inspect.signature(tavlib6.GETLASTERROR)), '()')
+        doc = tavlib6.HPT.__doc__
+        for part in ('p pressure [Pa]', 'T temperature [K]', 'specific enthalpy [J/kg]', 'Range: ', '    2  '):
+            self.assertIn(part, doc)
+        self.assertIn('Returns the tuple (p, T)', tavlib6.PT1HS.__doc__)
+        self.assertRegex(tavlib6.__version__, r'^\d+\.\d+\.\d+')
 
     def test_nan_argument_is_code_one(self):
         with self.assertRaises(tavlib6.TavlibError) as caught:

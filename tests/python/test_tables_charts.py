@@ -4,6 +4,7 @@ import csv
 import io
 import math
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -43,42 +44,45 @@ class TableTest(unittest.TestCase):
 
     def check_saturation_rows(self, rows, scales, temperatures=None):
         for n, row in enumerate(rows):
-            T = temperatures[n] if temperatures else row[0]
-            expected = [T, row[1] / scales[1] if temperatures else plain(tavlib6.PST, T), plain(tavlib6.VSWT, T), plain(tavlib6.VSST, T), plain(tavlib6.HSWT, T),
-                        plain(tavlib6.HSST, T), plain(tavlib6.RST, T), plain(tavlib6.SSWT, T), plain(tavlib6.SSST, T)]
+            T = temperatures[n] if temperatures else row[0] + 273.15
+            expected = [T - (0 if temperatures else 273.15), row[1] / scales[1] if temperatures else plain(tavlib6.PST, T)]
+            expected += [plain(f, T) for f in (tavlib6.VSWT, tavlib6.VSST, tavlib6.USWT, tavlib6.USST, tavlib6.HSWT,
+                                               tavlib6.HSST, tavlib6.RST, tavlib6.SSWT, tavlib6.SSST)]
             for k, (value, reference) in enumerate(zip(row, expected)):
                 self.assertClose(value, reference * scales[k], 'T=%g column %d' % (T, k))
 
     def test_saturation_by_temperature_csv(self):
-        run = tvl('table', 'saturation-T', '300,373.15,500', '600:640:20', '--csv')
+        run = tvl('table', 'saturation-T', '300,373.15,500', '326.85C:366.85C:20C', '--csv')
         self.assertEqual(run.returncode, 0, run.stderr)
         header, rows = read_csv(run.stdout)
-        self.assertEqual(header, ["T [K]", "p [MPa]", "v' [m3/kg]", "v'' [m3/kg]", "h' [kJ/kg]", "h'' [kJ/kg]",
-                                  "r [kJ/kg]", "s' [kJ/(kg K)]", "s'' [kJ/(kg K)]"])
-        self.assertEqual([row[0] for row in rows], [300, 373.15, 500, 600, 620, 640])
-        self.check_saturation_rows(rows, [1, 1e-6, 1, 1, 1e-3, 1e-3, 1e-3, 1e-3, 1e-3])
+        self.assertEqual(header, ["t [\u00b0C]", "p [MPa]", "v' [m3/kg]", "v'' [m3/kg]", "u' [kJ/kg]", "u'' [kJ/kg]",
+                                  "h' [kJ/kg]", "h'' [kJ/kg]", "r [kJ/kg]", "s' [kJ/(kg K)]", "s'' [kJ/(kg K)]"])
+        self.assertEqual([round(row[0] + 273.15, 9) for row in rows], [300, 373.15, 500, 600, 620, 640])
+        self.check_saturation_rows(rows, [1, 1e-6] + [1] * 2 + [1e-3] * 7)
 
     def test_saturation_by_pressure_in_si_units(self):
-        run = tvl('table', 'saturation-p', '1e5,1e6,2e7', '--csv', '--si')
+        run = tvl('table', 'saturation-p', '1e5,10bar,20MPa', '--csv', '--si')
         header, rows = read_csv(run.stdout)
-        self.assertEqual(header[1], 'p [Pa]')
-        self.assertEqual(header[4], "h' [J/kg]")
+        self.assertEqual(header[:2] + header[6:7], ['T [K]', 'p [Pa]', "h' [J/kg]"])
         self.assertEqual([row[1] for row in rows], [1e5, 1e6, 2e7])
         # The rows are calculated at the saturation temperature itself, not at its 12 digits.
-        self.check_saturation_rows(rows, [1] * 9, [tavlib6.TSP(row[1]) for row in rows])
+        self.check_saturation_rows(rows, [1] * 11, [tavlib6.TSP(row[1]) for row in rows])
 
-    def test_superheated_csv_leaves_out_the_wet_rows(self):
-        run = tvl('table', 'superheated', '1e6,3e7', '--T', '400:900:100', '--csv')
-        header, rows = read_csv(run.stdout)
-        self.assertEqual(header, ['p [MPa]', 'T [K]', 'v [m3/kg]', 'h [kJ/kg]', 's [kJ/(kg K)]', 'cp [kJ/(kg K)]', 'w [m/s]'])
-        self.assertEqual([(row[0], row[1]) for row in rows],
-                         [(1, 500), (1, 600), (1, 700), (1, 800), (1, 900)] + [(30, T) for T in range(400, 1000, 100)])
-        for row in rows:
-            p, T = row[0] * 1e6, row[1]
-            expected = [tavlib6.VPT(p, T), tavlib6.HPT(p, T) * 1e-3, tavlib6.SPT(p, T) * 1e-3,
-                        tavlib6.CPPT(p, T) * 1e-3, tavlib6.WPT(p, T)]
-            for k, reference in enumerate(expected):
-                self.assertClose(row[2 + k], reference, 'p=%g T=%g column %d' % (p, T, k))
+    def test_isobar_tables_hold_only_states_of_their_kind(self):
+        for kind, liquid in (('superheated', False), ('compressed', True)):
+            run = tvl('table', kind, '1e6,300bar', '--T', '0C:800C:50C', '--csv')
+            header, rows = read_csv(run.stdout)
+            self.assertEqual(header, ['p [MPa]', 't [\u00b0C]', 'v [m3/kg]', 'u [kJ/kg]', 'h [kJ/kg]',
+                                      's [kJ/(kg K)]', 'cp [kJ/(kg K)]', 'w [m/s]'])
+            self.assertEqual({row[0] for row in rows}, {1, 30})
+            for row in rows:
+                p, T = row[0] * 1e6, row[1] + 273.15
+                dividing = tavlib6.TSP(p) if p < 22.064e6 else 647.096
+                self.assertEqual(T < dividing, liquid, (kind, p, T))
+                expected = [tavlib6.VPT(p, T), tavlib6.UPT(p, T) * 1e-3, tavlib6.HPT(p, T) * 1e-3,
+                            tavlib6.SPT(p, T) * 1e-3, tavlib6.CPPT(p, T) * 1e-3, tavlib6.WPT(p, T)]
+                for k, reference in enumerate(expected):
+                    self.assertClose(row[2 + k], reference, 'p=%g T=%g column %d' % (p, T, k))
 
     def test_text_table_is_aligned_with_units_and_dashes_for_failures(self):
         run = tvl('table', 'saturation-T', '200,300,700')
@@ -87,9 +91,9 @@ class TableTest(unittest.TestCase):
         self.assertIn('h\'\' [kJ/kg]', lines[1])
         self.assertIn("s' [kJ/(kg K)]", lines[1])
         self.assertEqual(len({len(line) for line in lines[1:]}), 1, lines)
-        self.assertEqual(lines[2].split()[1:], ['-'] * 8)
-        self.assertEqual(lines[3].split()[0], '300.00')
-        self.assertEqual(lines[3].split()[4], '%.2f' % (tavlib6.HSWT(300.0) * 1e-3))
+        self.assertEqual(lines[2].split()[1:], ['-'] * 10)
+        self.assertEqual(lines[3].split()[0], '26.85')
+        self.assertEqual(lines[3].split()[6], '%.2f' % (tavlib6.HSWT(300.0) * 1e-3))
 
     def test_usage_errors(self):
         self.assertEqual(tvl('table', 'wet').returncode, 1)
@@ -138,8 +142,7 @@ class ChartTest(unittest.TestCase):
             self.assertIn('x=0.5', texts)
 
     def test_dome_top_is_the_critical_point(self):
-        # On the T-s chart the highest point of the saturation line is the critical point, the
-        # circle drawn there; the y axis runs from 0 to 800 C.
+        # On the T-s chart the highest point of the saturation line is the critical point's circle.
         run, path = self.chart('ts')
         root, groups, texts = self.parse(path)
         top = min(y for _, y in self.points(groups['saturation-line']))
@@ -148,7 +151,8 @@ class ChartTest(unittest.TestCase):
         self.assertIn('critical point', texts)
 
     def test_expansion_and_points(self):
-        run, path = self.chart('hs', '--expansion', '1e7,773.15,1e4,0.85', '--point', '3e6,7000')
+        run, path = self.chart('hs', '--expansion', '1e7,773.15,1e4,0.85', '--point', '7,3000', '--point', '2,9000')
+        self.assertIn('point B (2, 9000) lies outside the view', run.stderr)
         self.assertEqual(run.returncode, 0, run.stderr)
         root, groups, texts = self.parse(path)
         self.assertIn('expansion', groups)
@@ -157,17 +161,9 @@ class ChartTest(unittest.TestCase):
         for name in ('1', '2', '2s', 'A'):
             self.assertIn(name, texts)
 
-    def test_axis_ranges(self):
-        run, path = self.chart('ph', '--x', '1000:3000', '--y', '0.01:10')
-        self.assertEqual(run.returncode, 0, run.stderr)
-        root, groups, texts = self.parse(path)
-        for tick in ('1000', '3000', '0.01', '10'):
-            self.assertIn(tick, texts)
-        self.assertNotIn('4000', texts)
+    def test_bad_arguments(self):
         self.assertEqual(self.chart('ph', '--y', '0:10')[0].returncode, 1)
         self.assertEqual(self.chart('hs', '--x', '1:2:3')[0].returncode, 1)
-
-    def test_bad_arguments(self):
         self.assertEqual(tvl('chart', 'hs').returncode, 1)
         self.assertEqual(tvl('chart', 'xy', '--out', os.path.join(self.folder, 'a.svg')).returncode, 1)
         self.assertEqual(self.chart('hs', '--point', '3e6')[0].returncode, 1)
@@ -178,13 +174,52 @@ class ChartTest(unittest.TestCase):
         self.assertEqual(run.returncode, 2)
         self.parse(path)
 
-    @unittest.skipUnless(shutil.which('rsvg-convert'), 'needs rsvg-convert (librsvg2-bin)')
-    def test_renders_to_png(self):
-        run, path = self.chart('ph', '--expansion', '1e7,773.15,1e4,0.85')
-        png = os.path.join(self.folder, 'ph.png')
-        subprocess.run(['rsvg-convert', '-o', png, path], check=True, timeout=120)
-        with open(png, 'rb') as f:
-            self.assertEqual(f.read(8), b'\x89PNG\r\n\x1a\n')
+    def test_labels_do_not_overlap_and_name_the_lines(self):
+        views = [('hs',), ('ts',), ('ph',), ('hs', '--x', '6:8', '--y', '2200:3000'), ('ph', '--x', '1500:3500', '--y', '1:30')]
+        for view in views:
+            run, path = self.chart(*view)
+            root, groups, _ = self.parse(path)
+            boxes = [(label_box(text), text.text) for text in groups['labels'].iter(SVG + 'text')]
+            for k, (box, name) in enumerate(boxes):
+                self.assertTrue(all(45 <= x <= 1066 and 73 <= y <= 729 for x, y in box), (view, name))
+                for other, other_name in boxes[:k]:
+                    self.assertTrue(separated(box, other), (view, name, other_name))
+            drawn = sum(len(list(groups[g].iter(SVG + 'polyline'))) for g in ('isobars', 'isotherms') if g in groups)
+            self.assertGreater(len(boxes), 0.8 * drawn, view)
+        self.assertIn('100 MPa', self.parse(self.chart('ts')[1])[2])  # isobars above the critical pressure
+
+    def test_png_through_rsvg_convert_or_a_refusal(self):
+        png = os.path.join(self.folder, 'hs.png')
+        if shutil.which('rsvg-convert'):
+            self.assertEqual(tvl('chart', 'hs', '--out', png).returncode, 0)
+            with open(png, 'rb') as f:
+                self.assertEqual(f.read(8), b'\x89PNG\r\n\x1a\n')
+        run = subprocess.run([TVL, 'chart', 'ph', '--out', png + '2.png'], capture_output=True, text=True,
+                             env=dict(os.environ, PATH=self.folder), timeout=120)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn('librsvg2-bin', run.stderr)
+
+
+def label_box(text):
+    """The corners of a label as tvl estimates it: 0.62 em a character, 0.78 em up, 0.22 em down."""
+    size = float(re.search(r'font-size:([\d.]+)px', text.get('style')).group(1))
+    x, y, width = float(text.get('x')), float(text.get('y')), 0.62 * size * len(text.text)
+    left = -width if text.get('text-anchor') == 'end' else 0.0
+    turn = re.search(r'rotate\(([-\d.]+)', text.get('transform') or 'rotate(0')
+    a = math.radians(float(turn.group(1)))
+    return [(x + u * math.cos(a) - v * math.sin(a), y + u * math.sin(a) + v * math.cos(a))
+            for u, v in ((left, -0.78 * size), (left, 0.22 * size), (left + width, 0.22 * size), (left + width, -0.78 * size))]
+
+
+def separated(a, b):
+    """True when an axis of either box separates the two (a separating-axis test)."""
+    for box in (a, b):
+        for (x1, y1), (x2, y2) in zip(box[:2], box[1:3]):
+            axis = (y1 - y2, x2 - x1)
+            pa, pb = [[x * axis[0] + y * axis[1] for x, y in corners] for corners in (a, b)]
+            if max(pa) < min(pb) or max(pb) < min(pa):
+                return True
+    return False
 
 
 if __name__ == '__main__':

@@ -1,12 +1,14 @@
 // tavlib6_about_check: opens the about box and the help of tavlib6.dll as a host would and checks
 // what appears, from a second thread, while the first waits in the modal dialog.
 //
-//   tavlib6_about_check [FOLDER]
+//   tavlib6_about_check [FOLDER [HELPFILE]]
 //
-// With FOLDER, each window that is to be photographed is announced by a file FOLDER/NAME.ready
+// With HELPFILE (a real tavlib6.chm), the help is also opened with that file beside the library
+// and the viewer's window is checked and photographed as "help-viewer". With FOLDER, each window that is to be photographed is announced by a file FOLDER/NAME.ready
 // and left standing until FOLDER/NAME.taken appears (or 60 s pass), so that a script can take
 // a screenshot of the screen in between. Prints each check and "N passed, N failed".
 #include <windows.h>
+#include <commctrl.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,6 +21,7 @@ namespace {
 int passed = 0;
 int failed = 0;
 std::wstring handshakeFolder;
+std::wstring helpSource;
 
 void check(bool ok, const char* what) {
     std::printf("%s: %s\n", ok ? "ok" : "FAILED", what);
@@ -190,6 +193,42 @@ DWORD WINAPI watchHelpViewer(LPVOID) {
     return 0;
 }
 
+// With a real help file: the HTML help viewer's window comes up, titled after the file, with its
+// table of contents; it is photographed and closed. No message box meanwhile.
+DWORD WINAPI inspectHelpViewer(LPVOID) {
+    HWND viewer = nullptr;
+    for (int k = 0; k < 200 && viewer == nullptr; ++k, Sleep(100)) viewer = FindWindowW(L"HH Parent", nullptr);
+    check(viewer != nullptr && IsWindowVisible(viewer), "the help viewer's window opens");
+    if (viewer == nullptr) return 0;
+    Sleep(500);
+    std::printf("  help viewer title: %s\n", narrow(windowText(viewer)).c_str());
+    check(windowText(viewer) == L"tavlib6 reference", "titled after the help file");
+    HWND tree = nullptr;  // the table of contents, a tree view somewhere among the viewer's windows
+    EnumChildWindows(viewer, [](HWND child, LPARAM found) {
+        wchar_t className[64] = {};
+        GetClassNameW(child, className, 64);
+        if (std::wstring(className) != WC_TREEVIEWW) return TRUE;
+        *reinterpret_cast<HWND*>(found) = child;
+        return FALSE;
+    }, reinterpret_cast<LPARAM>(&tree));
+    const auto root = reinterpret_cast<HTREEITEM>(tree ? SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0) : 0);
+    if (root != nullptr) SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(root));
+    int pages = 0;
+    for (auto item = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CHILD, reinterpret_cast<LPARAM>(root)));
+         root != nullptr && item != nullptr;
+         item = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_NEXT, reinterpret_cast<LPARAM>(item))))
+        ++pages;
+    std::printf("  contents: %d pages under the first entry\n", pages);
+    check(pages > 20, "the table of contents lists the pages");
+    Search search{L"Tavelin 6.5", static_cast<HWND>(INVALID_HANDLE_VALUE), nullptr, nullptr};
+    EnumWindows(visitWindow, reinterpret_cast<LPARAM>(&search));
+    check(search.found == nullptr, "no message box: the help file beside the library is found");
+    photograph(L"help-viewer");
+    PostMessageW(viewer, WM_CLOSE, 0, 0);
+    check(waitUntilGone(viewer), "the viewer closes");
+    return 0;
+}
+
 // The folder of the loaded tavlib6.dll, with a trailing separator.
 std::wstring libraryFolder() {
     wchar_t path[MAX_PATH] = {};
@@ -217,6 +256,11 @@ int main(int argc, char** argv) {
         wchar_t folder[MAX_PATH] = {};
         MultiByteToWideChar(CP_UTF8, 0, argv[1], -1, folder, MAX_PATH);
         handshakeFolder = folder;
+    }
+    if (argc > 2) {
+        wchar_t path[MAX_PATH] = {};
+        MultiByteToWideChar(CP_UTF8, 0, argv[2], -1, path, MAX_PATH);
+        helpSource = path;
     }
 
     // The about box over a host window, inspected from a second thread.
@@ -250,15 +294,19 @@ int main(int argc, char** argv) {
     wchar_t program[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
     if (libraryFolder() != std::wstring(program).substr(0, std::wstring(program).find_last_of(L"\\/") + 1)) {
-        HANDLE file = CreateFileW(helpFile.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-        check(file != INVALID_HANDLE_VALUE, "a tavlib6.chm written beside the library");
-        if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+        if (helpSource.empty()) {
+            HANDLE file = CreateFileW(helpFile.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+            check(file != INVALID_HANDLE_VALUE, "a tavlib6.chm written beside the library");
+            if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+        } else {
+            check(CopyFileW(helpSource.c_str(), helpFile.c_str(), FALSE) != FALSE, "the help file copied beside the library");
+        }
         check(GetModuleHandleW(L"hhctrl.ocx") == nullptr, "the help viewer is not loaded before it is needed");
-        HANDLE watcher = CreateThread(nullptr, 0, watchHelpViewer, nullptr, 0, nullptr);
+        HANDLE watcher = CreateThread(nullptr, 0, helpSource.empty() ? watchHelpViewer : inspectHelpViewer, nullptr, 0, nullptr);
         const double found = tvlSHOWTVLHELP(nullptr);
         check(GetModuleHandleW(L"hhctrl.ocx") != nullptr, "hhctrl.ocx is loaded at run time to show the help");
-        pumpMessages();
-        WaitForSingleObject(watcher, INFINITE);
+        // The viewer's window belongs to this thread: keep it painted and answering.
+        while (MsgWaitForMultipleObjects(1, &watcher, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) pumpMessages();
         CloseHandle(watcher);
         check(found == 1.0 && tvlGETLASTERROR() == 0, "tvlSHOWTVLHELP with the help file returns 1.0 with no error");
         DeleteFileW(helpFile.c_str());

@@ -1,16 +1,21 @@
-// tvl chart: the h-s (Mollier), T-s and p-h charts of water and steam as SVG, drawn from the
-// exports: the saturation dome from the saturated states, isobars and isotherms by (p,T), lines
-// of constant dryness by (T,x), isentropes by (p,s) and lines of constant enthalpy by (p,h).
+// tvl chart: the h-s (Mollier), T-s and p-h charts of water and steam as SVG or PNG, drawn from
+// the exports: the saturation dome from the saturated states, isobars and isotherms by (p,T),
+// lines of constant dryness by (T,x), isentropes by (p,s) and lines of constant enthalpy by
+// (p,h). Each family of lines is spaced to the view, and each line is named where it leaves the
+// plot, at the first place along it where its label overlaps no other (chart_labels.cpp).
 //
-//   tvl chart hs|ts|ph --out FILE.svg [--point h,s]... [--expansion p,T,p2,eff] [--x A:B] [--y A:B]
+//   tvl chart hs|ts|ph --out FILE.svg|FILE.png [--point X,Y]... [--expansion p,T,p2,eff]
+//                      [--x A:B] [--y A:B]
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <functional>
+#include <map>
 #include <string>
-#include <strings.h>
 #include <vector>
 
-#include "export_table.h"
+#include "chart_labels.h"
+#include "chart_output.h"
 #include "svg.h"
 #include "table_format.h"
 #include "tavlib6.h"
@@ -22,10 +27,11 @@ namespace {
 constexpr int kUsageError = 1;
 constexpr int kCallFailed = 2;
 constexpr double kTriple = 273.16;
+constexpr double kTriplePressure = 611.657;
 constexpr double kCritical = 647.096;
 constexpr double kCriticalPressure = 22.064e6;
 constexpr double kCelsius = 273.15;
-constexpr double kTopTemperature = 1073.15;
+constexpr double kTopTemperature = 2273.15;
 const double kNaN = std::nan("");
 
 // A state in SI units; NaN where the library had none.
@@ -47,18 +53,6 @@ State wet(double T, double x) {
 }
 const State kGap{kNaN, kNaN, kNaN, kNaN};
 
-// An export by name from the generated table, for exports that a build may not have yet.
-double callByName(const char* name, double a, double b) {
-    for (int k = 0; k < kExportCount; ++k) {
-        if (strcasecmp(kExports[k].name, name) != 0 || std::strcmp(kExports[k].kinds, "dd") != 0) continue;
-        CallArgs args;
-        args.numbers[0] = a;
-        args.numbers[1] = b;
-        return checked(kExports[k].call(args).number);
-    }
-    return kNaN;
-}
-
 struct Axis {
     double low, high;
     bool logarithmic;
@@ -75,10 +69,11 @@ enum class Kind { kHS, kTS, kPH };
 // The page: A4 landscape at 96 pixels per inch, the plot inside the margins.
 constexpr double kWidth = 1123, kHeight = 794;
 constexpr double kLeft = 90, kRight = 1123 - 62, kTop = 78, kBottom = 794 - 70;
+constexpr Rect kPlot{kLeft, kTop, kRight, kBottom};
 
 class Chart {
 public:
-    Chart(Kind kind, Axis x, Axis y) : kind(kind), x(x), y(y), svg(kWidth, kHeight) {}
+    Chart(Kind kind, Axis x, Axis y) : kind(kind), x(x), y(y), svg(kWidth, kHeight), labels(kPlot) {}
 
     Point coordinates(const State& s) const {
         switch (kind) {
@@ -89,65 +84,33 @@ public:
         return {kNaN, kNaN};
     }
 
+    // The pixel of a point in axis units; NaN where the point cannot be drawn.
     Point pixel(Point value) const {
+        if (!std::isfinite(value.x) || !std::isfinite(value.y) || (y.logarithmic && value.y <= 0)) return {kNaN, kNaN};
         return {kLeft + x.fraction(value.x) * (kRight - kLeft), kBottom - y.fraction(value.y) * (kBottom - kTop)};
     }
+    Point pixel(const State& s) const { return pixel(coordinates(s)); }
 
-    bool inside(Point p) const {
-        return p.x >= kLeft && p.x <= kRight && p.y >= kTop && p.y <= kBottom;
+    static bool inside(Point p) { return kPlot.contains(p); }
+
+    std::vector<Point> pixels(const std::vector<State>& states) const {
+        std::vector<Point> out;
+        for (const State& s : states) out.push_back(pixel(s));
+        return out;
     }
 
-    // Draws the states as a line, broken where a state is missing; returns the pixels drawn.
-    std::vector<Point> curve(const std::vector<State>& states, const std::string& style) {
-        std::vector<Point> all, run;
-        const auto flush = [&] {
-            svg.polyline(run, style);
-            run.clear();
-        };
-        for (const State& state : states) {
-            const Point value = coordinates(state);
-            const bool valid = std::isfinite(value.x) && std::isfinite(value.y) && (!y.logarithmic || value.y > 0);
-            if (!valid) {
-                flush();
+    // Draws the pixels as a line, broken where one is missing.
+    void draw(const std::vector<Point>& points, const std::string& style) {
+        std::vector<Point> run;
+        for (const Point& p : points) {
+            if (std::isfinite(p.x) && std::isfinite(p.y)) {
+                run.push_back(p);
                 continue;
             }
-            run.push_back(pixel(value));
-            all.push_back(run.back());
+            svg.polyline(run, style);
+            run.clear();
         }
-        flush();
-        return all;
-    }
-
-    // A label beside the first (or last) point of a line inside the plot, along the line, or
-    // `skip` of the visible points further in.
-    void label(const std::vector<Point>& all, const std::string& text, const std::string& style, bool atEnd,
-               double skip = 0.0) {
-        std::vector<Point> points;
-        for (const Point& p : all)
-            if (inside(p)) points.push_back(p);
-        const int n = static_cast<int>(points.size());
-        for (int step = static_cast<int>(skip * n); step < n; ++step) {
-            const int k = atEnd ? n - 1 - step : step;
-            if (!inside(points[k])) continue;
-            // The text runs from the point into the line: toward earlier points for a label at
-            // the end, later ones at the start; upside-down text is turned and anchored at its end.
-            const int other = atEnd ? std::max(0, k - 3) : std::min(n - 1, k + 3);
-            const double dx = points[other].x - points[k].x, dy = points[other].y - points[k].y;
-            double angle = (dx == 0 && dy == 0) ? 0.0 : std::atan2(dy, dx) * 180.0 / M_PI;
-            const char* anchor = "start";
-            if (angle > 90 || angle <= -90) {
-                angle += angle > 0 ? -180 : 180;
-                anchor = "end";
-            }
-            // A line that leaves through the right side is named in the margin beside it.
-            if (points[k].x >= kRight - 1.0 && !atEnd) {
-                svg.text(kRight + 4, points[k].y + 4, text, style, "start");
-                return;
-            }
-            const double nudge = 3.0;
-            svg.text(points[k].x + nudge, points[k].y - nudge, text, style, anchor, angle);
-            return;
-        }
+        svg.polyline(run, style);
     }
 
     void frame(const std::string& title) {
@@ -158,7 +121,9 @@ public:
         svg.text((kLeft + kRight) / 2, kHeight - 22, x.label, "font-size:15px", "middle");
         svg.text(28, (kTop + kBottom) / 2, y.label, "font-size:15px", "middle", -90);
         svg.text(kLeft, 30, title, "font-size:19px;font-weight:bold");
-        svg.text(kWidth - 10, kHeight - 10, "tavlib6 " + version() + ", IAPWS-IF97", "font-size:11px;fill:#777", "end");
+        char version[64];
+        std::snprintf(version, sizeof version, "tavlib6 %g, IAPWS-IF97", tvlGETTVLVERSION());
+        svg.text(kWidth - 10, kHeight - 10, version, "font-size:11px;fill:#777", "end");
     }
 
     void legend(const std::vector<std::pair<std::string, std::string>>& items) {
@@ -173,14 +138,9 @@ public:
     Kind kind;
     Axis x, y;
     SvgDocument svg;
+    LabelPlacer labels;
 
 private:
-    static std::string version() {
-        char text[32];
-        std::snprintf(text, sizeof text, "%g", tvlGETTVLVERSION());
-        return text;
-    }
-
     static std::string tickText(double v) {
         char text[32];
         std::snprintf(text, sizeof text, "%g", std::fabs(v) < 1e-12 ? 0.0 : v);
@@ -224,11 +184,8 @@ private:
                 svg.text(kLeft - 10, c + 4.5, tickText(v), "font-size:13px", "end");
             }
         }
-        if (axis.logarithmic)
-            for (double v : minor) {
-                const double c = at(v);
-                if (!horizontal) svg.text(kLeft - 10, c + 4, tickText(v), "font-size:10px;fill:#555", "end");
-            }
+        if (axis.logarithmic && !horizontal)
+            for (double v : minor) svg.text(kLeft - 10, at(v) + 4, tickText(v), "font-size:10px;fill:#555", "end");
     }
 };
 
@@ -251,25 +208,26 @@ std::vector<double> pressures(double low, double high, int count) {
 
 std::vector<State> dome() {
     std::vector<State> states;
-    const std::vector<double> temperatures = saturationTemperatures(160);
+    const std::vector<double> temperatures = saturationTemperatures(200);
     for (double T : temperatures) states.push_back(saturatedLiquid(T));
     for (auto T = temperatures.rbegin(); T != temperatures.rend(); ++T) states.push_back(saturatedVapour(*T));
     return states;
 }
 
-// An isobar from the triple point temperature to 800 C, across the saturation line.
+// An isobar from the triple point temperature to the top of the formulation, across the
+// saturation line.
 std::vector<State> isobar(double p) {
     std::vector<State> states;
     const double saturation = p < kCriticalPressure ? checked(tvlTSP(p)) : kNaN;
     bool crossed = std::isnan(saturation);
-    for (int k = 0; k <= 400; ++k) {
-        const double T = kTriple + (kTopTemperature - kTriple) * k / 400.0;
+    for (int k = 0; k <= 800; ++k) {
+        const double T = kTriple + (kTopTemperature - kTriple) * k / 800.0;
         if (!crossed && T >= saturation) {
             states.push_back(saturatedLiquid(saturation));
             states.push_back(saturatedVapour(saturation));
             crossed = true;
         }
-        if (std::fabs(T - saturation) > 1e-6) states.push_back(singlePhase(p, T));
+        if (!(std::fabs(T - saturation) <= 1e-6)) states.push_back(singlePhase(p, T));
     }
     return states;
 }
@@ -280,7 +238,7 @@ std::vector<State> isotherm(double T, bool wetPart) {
     std::vector<State> states;
     const double saturation = T < kCritical ? checked(tvlPST(T)) : kNaN;
     bool crossed = std::isnan(saturation);
-    for (double p : pressures(611.657, 1e8, 400)) {
+    for (double p : pressures(kTriplePressure, 1e8, 500)) {
         if (!crossed && p >= saturation) {
             states.push_back(saturatedVapour(T));
             if (!wetPart) states.push_back(kGap);
@@ -294,21 +252,19 @@ std::vector<State> isotherm(double T, bool wetPart) {
 
 std::vector<State> dryness(double x) {
     std::vector<State> states;
-    for (double T : saturationTemperatures(120)) states.push_back(wet(T, x));
+    for (double T : saturationTemperatures(150)) states.push_back(wet(T, x));
     return states;
 }
 
 // Isentropes by (p,s) for the p-h chart, lines of constant enthalpy by (p,h) for the T-s chart.
 std::vector<State> isentrope(double s) {
     std::vector<State> states;
-    for (double p : pressures(611.657, 1e8, 300))
-        states.push_back({p, checked(tvlTPS(p, s)), checked(tvlHPS(p, s)), s});
+    for (double p : pressures(kTriplePressure, 1e8, 400)) states.push_back({p, checked(tvlTPS(p, s)), checked(tvlHPS(p, s)), s});
     return states;
 }
 std::vector<State> isenthalp(double h) {
     std::vector<State> states;
-    for (double p : pressures(611.657, 1e8, 300))
-        states.push_back({p, checked(tvlTPH(p, h)), h, checked(tvlSPH(p, h))});
+    for (double p : pressures(kTriplePressure, 1e8, 400)) states.push_back({p, checked(tvlTPH(p, h)), h, checked(tvlSPH(p, h))});
     return states;
 }
 
@@ -323,74 +279,150 @@ const char* kIsobarStyle = "stroke:#1f4e9c;stroke-width:0.9";
 const char* kIsothermStyle = "stroke:#c0392b;stroke-width:0.9";
 const char* kDrynessStyle = "stroke:#2e8b57;stroke-width:0.8;stroke-dasharray:5,3";
 const char* kThirdStyle = "stroke:#8e44ad;stroke-width:0.7;stroke-dasharray:2,2";
+// Labels carry a white halo so that they read over the lines they cross.
+const char* kHalo = ";paint-order:stroke;stroke:#ffffff;stroke-width:3px;stroke-linejoin:round";
 
-void drawLines(Chart& chart) {
-    const std::vector<double> isobars{0.001, 0.002, 0.005, 0.01, 0.02, 0.05, 0.1, 0.2, 0.5, 1, 2, 5, 10, 20, 50, 100};
-    // Each family of lines is a group named by its id, clipped to the plot.
-    chart.svg.beginGroup("clip-path=\"url(#plot)\"");
-    chart.svg.beginGroup("id=\"dryness\"");
-    std::vector<std::pair<std::vector<Point>, std::string>> labels;
-    for (int k = 1; k <= 9; ++k) {
-        const double x = k / 10.0;
-        labels.push_back({chart.curve(dryness(x), kDrynessStyle), format("x=%.1f", x)});
-    }
-    chart.svg.endGroup();
-    if (chart.kind == Kind::kPH) {
-        chart.svg.beginGroup("id=\"isentropes\"");
-        for (int s = 1; s <= 10; ++s)
-            labels.push_back({chart.curve(isentrope(s * 1000.0), kThirdStyle), format("s=%g", s)});
-        chart.svg.endGroup();
-    }
-    if (chart.kind == Kind::kTS) {
-        chart.svg.beginGroup("id=\"isenthalps\"");
-        for (int h = 500; h <= 4000; h += 500)
-            labels.push_back({chart.curve(isenthalp(h * 1000.0), kThirdStyle), format("h=%g", h)});
-        chart.svg.endGroup();
-    }
-    if (chart.kind != Kind::kPH) {
-        chart.svg.beginGroup("id=\"isobars\"");
-        for (double p : isobars) labels.push_back({chart.curve(isobar(p * 1e6), kIsobarStyle), format("%g MPa", p)});
-        chart.svg.endGroup();
-    }
-    if (chart.kind != Kind::kTS) {
-        chart.svg.beginGroup("id=\"isotherms\"");
-        for (int t = 0; t <= 800; t += 50) {
-            if (t == 0) continue;
-            const bool labelled = t % 100 == 0 || chart.kind == Kind::kPH;
-            const auto points = chart.curve(isotherm(t + kCelsius, chart.kind == Kind::kPH), kIsothermStyle);
-            if (labelled) labels.push_back({points, format("%g \xC2\xB0" "C", t)});
+// A family of lines, one per value, in levels from coarse to fine: the coarsest level that puts
+// `wanted` lines into the view is drawn, so that a zoomed view gets closer lines.
+struct LineFamily {
+    const char* id;
+    const char* style;
+    const char* labelColour;
+    double labelSize;
+    const char* labelPattern;  // printf pattern of the value
+    std::vector<std::vector<double>> levels;
+    int wanted;
+    std::function<std::vector<State>(double)> states;
+};
+
+// Values from `low` to `high` in steps of `step`.
+std::vector<double> steps(double low, double high, double step) {
+    std::vector<double> values;
+    for (int k = 0; low + k * step <= high + step * 1e-9; ++k) values.push_back(low + k * step);
+    return values;
+}
+
+// Pressures in MPa: per decade the given multipliers, from the triple point to 100 MPa.
+std::vector<double> isobarLevel(const std::vector<double>& multipliers) {
+    std::vector<double> values;
+    for (int exponent = -4; exponent <= 2; ++exponent)
+        for (double m : multipliers) {
+            const double p = std::round(std::pow(10.0, exponent) * m * 1e6) / 1e6;
+            if (p * 1e6 >= kTriplePressure && p <= 100) values.push_back(p);
         }
-        chart.svg.endGroup();
-    }
-    chart.svg.beginGroup("id=\"saturation-line\"");
-    chart.curve(dome(), kDomeStyle);
-    chart.svg.endGroup();
-    chart.svg.endGroup();
+    return values;
+}
 
-    // Labels last, over every line; the style names the family by colour.
-    for (const auto& [points, text] : labels) {
-        const bool dry = text.rfind("x=", 0) == 0;
-        const bool third = text.rfind("s=", 0) == 0 || text.rfind("h=", 0) == 0;
-        const bool isotherm = text.find("C") != std::string::npos;
-        const char* style = dry ? "font-size:10px;fill:#2e8b57" : third ? "font-size:10px;fill:#8e44ad"
-                          : isotherm ? "font-size:11px;fill:#c0392b" : "font-size:11px;fill:#1f4e9c";
-        // Isobars are named where they leave the chart at the top; the others at their start.
-        const bool atEnd = !(dry || isotherm) || (isotherm && chart.kind == Kind::kPH);
-        chart.label(points, text, style, atEnd, dry ? 0.3 : 0.0);
+struct Drawn {
+    std::vector<Point> pixels;
+    std::string label;
+};
+
+// Picks the level of a family for this view and gives its lines' pixels.
+std::vector<Drawn> linesInView(const Chart& chart, const LineFamily& family) {
+    std::map<double, std::vector<Point>> computed;
+    std::vector<Drawn> lines;
+    for (const std::vector<double>& level : family.levels) {
+        lines.clear();
+        int visible = 0;
+        for (double value : level) {
+            auto found = computed.find(value);
+            if (found == computed.end()) found = computed.emplace(value, chart.pixels(family.states(value))).first;
+            int inside = 0;
+            for (const Point& p : found->second) inside += Chart::inside(p);
+            if (inside < 2) continue;
+            ++visible;
+            lines.push_back({found->second, format(family.labelPattern, value)});
+        }
+        if (visible >= family.wanted) break;
     }
-    const State critical = saturatedLiquid(kCritical);
-    const Point c = chart.pixel(chart.coordinates(critical));
-    if (chart.inside(c)) {
-        chart.svg.circle(c.x, c.y, 3.5, "fill:#000");
-        chart.svg.text(c.x + 6, c.y - 6, "critical point", "font-size:11px");
+    return lines;
+}
+
+std::vector<LineFamily> families(Kind kind) {
+    std::vector<LineFamily> list;
+    const bool ph = kind == Kind::kPH;
+    if (kind != Kind::kPH)
+        list.push_back({"isobars", kIsobarStyle, "#1f4e9c", 11, "%g MPa",
+                        {isobarLevel({1}), isobarLevel({1, 2, 5}), isobarLevel({1, 1.5, 2, 3, 5, 7}),
+                         isobarLevel({1, 1.2, 1.5, 2, 2.5, 3, 4, 5, 6, 8})},
+                        10, [](double p) { return isobar(p * 1e6); }});
+    if (kind != Kind::kTS)
+        list.push_back({"isotherms", kIsothermStyle, "#c0392b", 11, "%g \xC2\xB0" "C",
+                        {steps(100, 2000, 100), steps(50, 2000, 50), steps(25, 2000, 25), steps(10, 2000, 10),
+                         steps(5, 2000, 5), steps(1, 2000, 1)},
+                        12, [ph](double t) { return isotherm(t + kCelsius, ph); }});
+    list.push_back({"dryness", kDrynessStyle, "#2e8b57", 10, "x=%g",
+                    {steps(0.1, 0.9, 0.1), steps(0.05, 0.95, 0.05), steps(0.02, 0.98, 0.02)}, 5, dryness});
+    if (kind == Kind::kPH)
+        list.push_back({"isentropes", kThirdStyle, "#8e44ad", 10, "s=%g",
+                        {steps(1, 12, 1), steps(0.5, 12, 0.5), steps(0.2, 12, 0.2), steps(0.1, 12, 0.1)}, 8,
+                        [](double s) { return isentrope(s * 1e3); }});
+    if (kind == Kind::kTS)
+        list.push_back({"isenthalps", kThirdStyle, "#8e44ad", 10, "h=%g",
+                        {steps(500, 7000, 500), steps(250, 7000, 250), steps(100, 7000, 100), steps(50, 7000, 50)}, 8,
+                        [](double h) { return isenthalp(h * 1e3); }});
+    return list;
+}
+
+// Names the critical point beside its mark, where the name covers neither the dome nor a label.
+void markCriticalPoint(Chart& chart) {
+    const Point c = chart.pixel(saturatedLiquid(kCritical));
+    if (!Chart::inside(c)) return;
+    chart.svg.circle(c.x, c.y, 3.5, "fill:#000");
+    const std::string name = "critical point";
+    for (const Point offset : {Point{-8, -8}, Point{8, -8}, Point{-10, 14}, Point{10, 14}, Point{-8, -22}, Point{8, -22}}) {
+        const bool left = offset.x < 0;
+        const TextBox box = textBox({c.x + offset.x, c.y + offset.y}, 0.0, name, 11, left);
+        if (!chart.labels.fits(box)) continue;
+        chart.labels.reserve(box);
+        chart.svg.text(c.x + offset.x, c.y + offset.y, name, std::string("font-size:11px") + kHalo, left ? "end" : "start");
+        return;
     }
 }
 
-void mark(Chart& chart, const State& state, const std::string& name, const char* colour) {
-    const Point p = chart.pixel(chart.coordinates(state));
-    if (!std::isfinite(p.x) || !std::isfinite(p.y) || !chart.inside(p)) return;
+// Draws the families of lines and their labels; returns the labels that found no free place.
+std::string drawLines(Chart& chart) {
+    chart.svg.beginGroup("clip-path=\"url(#plot)\"");
+    std::vector<std::pair<const LineFamily*, std::vector<Drawn>>> drawn;
+    const std::vector<LineFamily> list = families(chart.kind);
+    for (const LineFamily& family : list) {
+        drawn.push_back({&family, linesInView(chart, family)});
+        chart.svg.beginGroup(std::string("id=\"") + family.id + "\"");
+        for (const Drawn& line : drawn.back().second) chart.draw(line.pixels, family.style);
+        chart.svg.endGroup();
+    }
+    const std::vector<Point> saturation = chart.pixels(dome());
+    chart.svg.beginGroup("id=\"saturation-line\"");
+    chart.draw(saturation, kDomeStyle);
+    chart.svg.endGroup();
+    chart.svg.endGroup();
+
+    chart.labels.avoid(saturation);
+    chart.svg.beginGroup("id=\"labels\"");
+    markCriticalPoint(chart);
+    std::string unlabelled;
+    for (const auto& [family, lines] : drawn) {
+        // Where a line has no room for its label, a smaller one is tried.
+        for (const Drawn& line : lines) {
+            bool placed = false;
+            for (double size = family->labelSize; !placed && size >= family->labelSize - 2; size -= 1) {
+                const std::string style = format("font-size:%gpx;fill:", size) + family->labelColour + kHalo;
+                placed = chart.labels.place(chart.svg, line.pixels, line.label, style, size);
+            }
+            if (!placed) unlabelled += (unlabelled.empty() ? "" : ", ") + line.label;
+        }
+    }
+    chart.svg.endGroup();
+    return unlabelled;
+}
+
+// A marked state with its name; the name's box is kept free of line labels.
+void mark(Chart& chart, Point p, const std::string& name, const char* colour) {
+    if (!Chart::inside(p)) return;
     chart.svg.circle(p.x, p.y, 4.5, std::string("fill:") + colour + ";stroke:#fff;stroke-width:1");
-    chart.svg.text(p.x + 8, p.y - 6, name, std::string("font-size:14px;font-weight:bold;fill:") + colour);
+    chart.svg.text(p.x + 8, p.y - 6, name, std::string("font-size:14px;font-weight:bold;fill:") + colour + kHalo);
+    chart.labels.reserve(textBox({p.x + 8, p.y - 6}, 0.0, name, 14, false));
 }
 
 // A turbine expansion from (p,T) to p2 with an efficiency: the line from inlet to outlet, the
@@ -405,21 +437,22 @@ bool drawExpansion(Chart& chart, const std::vector<double>& e) {
     if (std::isnan(inlet.h + inlet.s + outlet.h + outlet.s + outlet.T)) return false;
     chart.svg.beginGroup("id=\"expansion\" clip-path=\"url(#plot)\"");
     if (chart.kind != Kind::kPH) {
-        chart.curve(isobar(p), "stroke:#1f4e9c;stroke-width:2");
-        chart.curve(isobar(p2), "stroke:#1f4e9c;stroke-width:2");
+        chart.draw(chart.pixels(isobar(p)), "stroke:#1f4e9c;stroke-width:2");
+        chart.draw(chart.pixels(isobar(p2)), "stroke:#1f4e9c;stroke-width:2");
     }
-    chart.curve({inlet, ideal}, "stroke:#444;stroke-width:1.6;stroke-dasharray:6,4");
-    chart.curve({inlet, outlet}, "stroke:#d35400;stroke-width:3");
+    chart.draw(chart.pixels({inlet, ideal}), "stroke:#444;stroke-width:1.6;stroke-dasharray:6,4");
+    chart.draw(chart.pixels({inlet, outlet}), "stroke:#d35400;stroke-width:3");
+    chart.labels.avoid(chart.pixels({ideal, inlet, outlet}));
     chart.svg.endGroup();
-    mark(chart, inlet, "1", "#d35400");
-    mark(chart, outlet, "2", "#d35400");
-    mark(chart, ideal, "2s", "#444");
+    mark(chart, chart.pixel(inlet), "1", "#d35400");
+    mark(chart, chart.pixel(outlet), "2", "#d35400");
+    mark(chart, chart.pixel(ideal), "2s", "#444");
     const double x = checked(tvlXEXPANSIONPTPEFF(p, T, p2, eff));
     std::string caption = format("Expansion %g MPa", p * 1e-6) + format(", %g \xC2\xB0" "C", T - kCelsius) +
                           format(" to %g MPa", p2 * 1e-6) + format(", efficiency %g", eff) +
                           format(": h1 - h2 = %.1f kJ/kg", (inlet.h - outlet.h) * 1e-3) +
                           (std::isnan(x) || x >= 1 ? "" : format(", x2 = %.4f", x));
-    chart.svg.text(kRight, 30, caption, "font-size:12px;fill:#d35400", "end");
+    chart.svg.text(kRight, 71, caption, "font-size:12px;fill:#d35400", "end");
     return true;
 }
 
@@ -438,14 +471,15 @@ bool parseRange(const char* text, std::vector<double>& values) {
 
 void printUsage() {
     std::fprintf(stderr,
-                 "usage: tvl chart hs|ts|ph --out FILE.svg [--point h,s]... [--expansion p,T,p2,eff]\n"
+                 "usage: tvl chart hs|ts|ph --out FILE.svg|FILE.png [--point X,Y]... [--expansion p,T,p2,eff]\n"
                  "                 [--x FROM:TO] [--y FROM:TO]\n"
-                 "Draws the h-s (Mollier), T-s or p-h chart of water and steam as SVG: the saturation line,\n"
-                 "isobars, isotherms, lines of constant dryness (and isentropes on p-h, lines of constant\n"
-                 "enthalpy on T-s). Axes in kJ/kg, kJ/(kg K), degrees Celsius and MPa; --x and --y set their\n"
-                 "ranges in those units. --point marks a state given by h in J/kg and s in J/(kg K);\n"
-                 "--expansion draws a turbine expansion from p (Pa), T (K) to p2 (Pa) with efficiency eff.\n"
-                 "--out - writes the SVG to standard output.\n");
+                 "Draws the h-s (Mollier), T-s or p-h chart of water and steam: the saturation line, isobars,\n"
+                 "isotherms, lines of constant dryness (and isentropes on p-h, lines of constant enthalpy on\n"
+                 "T-s), spaced to the view and each named where it leaves the plot. The axes are s [kJ/(kg K)]\n"
+                 "and h [kJ/kg] (hs), s and t [degrees C] (ts), h and p [MPa] (ph); --x and --y set their ranges\n"
+                 "and --point marks a state by its X,Y in those units (hs: s,h). --expansion draws a turbine\n"
+                 "expansion from p (Pa), T (K) to p2 (Pa) with efficiency eff. A FILE ending in .png is rendered\n"
+                 "by rsvg-convert (Debian package librsvg2-bin); --out - writes the SVG to standard output.\n");
 }
 
 }  // namespace
@@ -510,7 +544,7 @@ int runChart(int argc, char** argv) {
         }
     }
     if (out.empty()) {
-        std::fprintf(stderr, "tvl chart: give the file to write with --out FILE.svg\n");
+        std::fprintf(stderr, "tvl chart: give the file to write with --out FILE.svg or FILE.png\n");
         return kUsageError;
     }
 
@@ -523,8 +557,8 @@ int runChart(int argc, char** argv) {
     if (kind == Kind::kPH) legend.push_back({"isentropes [kJ/(kg K)]", kThirdStyle});
     if (kind == Kind::kTS) legend.push_back({"constant h [kJ/kg]", kThirdStyle});
     chart.legend(legend);
-    drawLines(chart);
 
+    // Marks first, so that the labels of the lines keep clear of them.
     int status = 0;
     if (!expansion.empty() && !drawExpansion(chart, expansion)) {
         std::fprintf(stderr, "tvl chart: no expansion from p=%g Pa, T=%g K to p2=%g Pa with efficiency %g\n",
@@ -533,25 +567,17 @@ int runChart(int argc, char** argv) {
     }
     char letter = 'A';
     for (const auto& point : points) {
-        const double h = point[0], s = point[1];
-        State state{kNaN, kNaN, h, s};
-        if (kind == Kind::kTS) state.T = callByName("THS", h, s);
-        if (kind == Kind::kPH) state.p = callByName("PHS", h, s);
-        const Point pixel = chart.pixel(chart.coordinates(state));
-        if (!std::isfinite(pixel.x) || !std::isfinite(pixel.y)) {
-            std::fprintf(stderr, "tvl chart: the state h=%g J/kg, s=%g J/(kg K) cannot be placed on this chart\n", h, s);
-            status = kCallFailed;
-            continue;
-        }
-        mark(chart, state, std::string(1, letter++), "#000000");
+        const Point pixel = chart.pixel(Point{point[0], point[1]});
+        const std::string label(1, letter++);
+        if (!Chart::inside(pixel))
+            std::fprintf(stderr, "tvl chart: warning: point %s (%g, %g) lies outside the view and is not drawn\n",
+                         label.c_str(), point[0], point[1]);
+        mark(chart, pixel, label, "#000000");
     }
+    const std::string unlabelled = drawLines(chart);
+    if (!unlabelled.empty()) chart.svg.comment("lines without a free place for their label: " + unlabelled);
 
-    if (out == "-") {
-        std::fputs(chart.svg.str().c_str(), stdout);
-    } else if (!chart.svg.write(out)) {
-        std::fprintf(stderr, "tvl chart: cannot write %s\n", out.c_str());
-        return kUsageError;
-    }
+    if (!writeChart(chart.svg.str(), out)) return kUsageError;
     return status;
 }
 
