@@ -16,9 +16,10 @@ all: configure
 	@cmake --build $(BUILD) -j $(JOBS) -- --no-print-directory
 
 # Packages that tests use when they are there (numpy, dask, iapws as a second implementation,
-# pip/venv/wheel for the wheel test, rsvg-convert); failing to install them (no root, no
-# network) only makes those tests skip.
-TEST_PACKAGES = python3-numpy python3-dask python3-iapws python3-pip python3-venv python3-setuptools python3-wheel librsvg2-bin
+# pip/venv/wheel for the wheel test, rsvg-convert), and Google Highway for the vector kernels of
+# libtavlib6x; failing to install them (no root, no network) only makes those tests skip, and
+# the batch library keeps its per-element path.
+TEST_PACKAGES = python3-numpy python3-dask python3-iapws python3-pip python3-venv python3-setuptools python3-wheel librsvg2-bin libhwy-dev
 
 configure:
 	@test -f $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release

@@ -20,6 +20,7 @@
 
 #include "export_table.h"
 #include "frame/property_facade.h"
+#include "lanes/lanes.h"
 
 namespace {
 
@@ -133,6 +134,9 @@ struct Job {
 // Evaluates the points [first, last): through the exports, or through `facade` when the job
 // has a facade call. Returns the number that failed, or -1 when the result is a text.
 int64_t evaluateSlice(const Job& job, std::int64_t first, std::int64_t last, tvl::PropertyFacade* facade) {
+    // Exports with a vector kernel run several points side by side, with the bits of these calls.
+    if (const tvlx::lanes::Export* kernel = tvlx::lanes::kernelFor(job.entry->name))
+        return tvlx::lanes::evaluate(*kernel, {job.inputs, job.strides, job.results, job.errors, first, last, facade});
     const Layout& layout = job.layout;
     CallArgs args;
     for (int k = 0; k < layout.count; ++k)
@@ -176,6 +180,7 @@ int64_t evaluateOnThreads(const Job& job, std::int64_t count, int threads) {
     tvl::ModelSettings settings;
     settings.maxIterations = tvlGETMAXITERATION();
     settings.tolerance = tvlGETTOLERANCE();
+    if (tvlGETLASTERROR() != 0) return -1;  // a tolerance that is not finite reads back as -1.0: one thread
     settings.checkRangeMode = tvlGETCHECKRANGEMODE();
     settings.toleranceMode = tvlGETTOLERANCEMODE();
 

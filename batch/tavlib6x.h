@@ -125,6 +125,12 @@ TVLX_API int64_t tvlxSTATES(const char* pair, int64_t count, const double* a, co
  * TVLX_STATE_COUNT - 1. */
 TVLX_API const char* tvlxSTATENAME(int32_t k);
 
+/* The instruction set of the vector kernels in force: "avx512", "avx2" or "scalar" (every point
+ * by its plain call). Chosen at the first batch from what the processor has; the environment
+ * variable TAVLIB6X_SIMD=avx512|avx2|scalar asks for a lower one. The values are the same on
+ * every path. */
+TVLX_API const char* tvlxSIMD(void);
+
 #ifdef __cplusplus
 }
 #endif

@@ -188,7 +188,7 @@ class BatchLibraryTest(unittest.TestCase):
         out = subprocess.run(['nm', '-D', '--defined-only', path], capture_output=True, text=True, check=True).stdout
         self.assertEqual({line.split()[-1] for line in out.splitlines() if line.strip()},
                          {'tvlxEVALUATE', 'tvlxCANEVALUATE', 'tvlxSETTHREADS', 'tvlxSTATE', 'tvlxSTATES',
-                          'tvlxSTATENAME'})
+                          'tvlxSTATENAME', 'tvlxSIMD'})
 
 
 if __name__ == '__main__':

@@ -1,0 +1,41 @@
+// The interface between the driver (lanes.cpp) and the code compiled once per instruction set
+// (gibbs_lanes.cpp): kernels over contiguous arrays of points.
+#ifndef TAVLIB6X_LANES_KERNELS_H
+#define TAVLIB6X_LANES_KERNELS_H
+
+#include <cstddef>
+
+namespace tvlx::lanes {
+
+// The (p,T) properties of a Gibbs region, in the order of the (p,T) family.
+enum Property { kVolume, kDensity, kInternalEnergy, kEntropy, kEnthalpy, kIsobaricHeat, kIsochoricHeat,
+                kSpeedOfSound, kJouleThomson, kPropertyCount };
+
+// The equations of the saturation line, of one argument (T, or p for the temperature).
+enum Line { kSaturationPressure, kSaturationTemperature, kSaturationSlope, kLineCount };
+
+// out[k] = the raw region equation at (p[k], T[k]) for k < count, non-finite results included.
+using PointKernel = void (*)(const double* p, const double* T, double* out, std::size_t count);
+
+// The range test and the region selection of the (p,T) family for each point: region[k] = 1, 2
+// or 5; 0 where the plain call decides (region 3, non-finite arguments, below 273.15 K with the
+// range test on); -1 where the range test refuses the point.
+using Classifier = void (*)(const double* p, const double* T, double* region, std::size_t count, double tolerance,
+                            bool checks);
+
+struct KernelSet {
+    const char* path;
+    Classifier classify;
+    PointKernel region1[kPropertyCount];
+    PointKernel region2[kPropertyCount];
+    PointKernel region5[kPropertyCount];
+    PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
+};
+
+// The kernels of one instruction set, or null where it was not compiled.
+const KernelSet* avx512Kernels();
+const KernelSet* avx2Kernels();
+
+}  // namespace tvlx::lanes
+
+#endif

@@ -1,0 +1,266 @@
+// The driver of the vector kernels: which exports have one, which instruction set runs them, and
+// a slice of a batch cut into blocks. A block of a region's own export goes through its kernel
+// whole; a block of the (p,T) family is first sorted by region, point by point with the range
+// test and the region selection of the plain call, and each region's points then go through
+// that region's kernel together. Every point ends as the plain call ends: the value where it is
+// finite, else the failure value -1.0 with code 1; a point refused by the range test -1.0 with
+// code 2; and points no kernel takes are evaluated by the plain call itself.
+#include "lanes/lanes.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+
+#include "frame/property_facade.h"
+#include "frame/validators.h"
+#include "lanes/kernels.h"
+#include "tavlib6.h"
+#include "tavlib6x.h"
+
+#if defined(TAVLIB6X_LANES)
+#include <hwy/targets.h>
+#endif
+
+namespace tvlx::lanes {
+
+constexpr int kFamily = 0;  // Export::region of the (p,T) family
+constexpr int kLine = -1;   // and of the saturation line
+
+struct Export {
+    const char* name;
+    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine
+    int kernel;  // the Property, or on the line the Line
+    double (*plain)(double, double);
+    double (tvl::PropertyFacade::*method)(double, double) noexcept;
+    // The saturation line: one argument, and the range that checkRangeMode holds it to.
+    double (*plainLine)(double);
+    double (tvl::PropertyFacade::*methodLine)(double) noexcept;
+    double lowest;
+    double highest;
+};
+
+namespace {
+
+#define TVLX_EXPORT(name, region, property) \
+    {#name, region, property, [](double p, double T) { return tvl##name(p, T); }, &tvl::PropertyFacade::name, \
+     nullptr, nullptr, 0.0, 0.0}
+#define TVLX_REGION_EXPORTS(r)                                                                            \
+    TVLX_EXPORT(V##r##PT, r, kVolume), TVLX_EXPORT(D##r##PT, r, kDensity),                                \
+        TVLX_EXPORT(U##r##PT, r, kInternalEnergy), TVLX_EXPORT(S##r##PT, r, kEntropy),                    \
+        TVLX_EXPORT(H##r##PT, r, kEnthalpy), TVLX_EXPORT(CP##r##PT, r, kIsobaricHeat),                    \
+        TVLX_EXPORT(CV##r##PT, r, kIsochoricHeat), TVLX_EXPORT(W##r##PT, r, kSpeedOfSound),               \
+        TVLX_EXPORT(JOULETHOMPSON##r##PT, r, kJouleThomson)
+#define TVLX_LINE_EXPORT(name, line, lowest, highest) \
+    {#name, kLine, line, nullptr, nullptr, [](double x) { return tvl##name(x); }, &tvl::PropertyFacade::name, lowest, highest}
+
+const Export kExports[] = {
+    TVLX_REGION_EXPORTS(1),
+    TVLX_REGION_EXPORTS(2),
+    TVLX_REGION_EXPORTS(5),
+    TVLX_EXPORT(VPT, kFamily, kVolume),
+    TVLX_EXPORT(DPT, kFamily, kDensity),
+    TVLX_EXPORT(UPT, kFamily, kInternalEnergy),
+    TVLX_EXPORT(SPT, kFamily, kEntropy),
+    TVLX_EXPORT(HPT, kFamily, kEnthalpy),
+    TVLX_EXPORT(CPPT, kFamily, kIsobaricHeat),
+    TVLX_EXPORT(CVPT, kFamily, kIsochoricHeat),
+    TVLX_EXPORT(WPT, kFamily, kSpeedOfSound),
+    TVLX_EXPORT(JOULETHOMPSONPT, kFamily, kJouleThomson),
+    TVLX_LINE_EXPORT(PST, kSaturationPressure, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
+    TVLX_LINE_EXPORT(TSP, kSaturationTemperature, tvl::kSaturationLowestPressure,
+                     tvl::kCriticalPressure * tvl::kOnePlusEps),
+    TVLX_LINE_EXPORT(DPDTST, kSaturationSlope, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
+};
+
+#undef TVLX_LINE_EXPORT
+#undef TVLX_REGION_EXPORTS
+#undef TVLX_EXPORT
+
+#if defined(TAVLIB6X_LANES)
+const KernelSet* chooseKernels() {
+    const int64_t supported = hwy::SupportedTargets();
+    const KernelSet* wide = (supported & HWY_AVX3) != 0 ? avx512Kernels() : nullptr;
+    const KernelSet* narrow = (supported & HWY_AVX2) != 0 ? avx2Kernels() : nullptr;
+    const char* asked = std::getenv("TAVLIB6X_SIMD");
+    if (asked != nullptr && std::strcmp(asked, "scalar") == 0) return nullptr;
+    if (asked != nullptr && std::strcmp(asked, "avx2") == 0) return narrow;
+    return wide != nullptr ? wide : narrow;
+}
+#else
+const KernelSet* chooseKernels() { return nullptr; }
+#endif
+
+const KernelSet* kernels() {
+    static const KernelSet* const chosen = chooseKernels();
+    return chosen;
+}
+
+// ---- The settings the (p,T) family reads ----
+
+struct Settings {
+    double tolerance;
+    bool checks;
+    bool known;  // false: the library object's tolerance is not finite, which its export cannot tell
+};
+
+// What the export reads: regions' own exports nothing, the saturation line the range test, the
+// (p,T) family the tolerance as well.
+Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
+    if (e.region > 0) return {0.0, false, true};
+    if (facade != nullptr) return {facade->settings.tolerance, facade->settings.checksOn(), true};
+    const bool checks = tvlGETCHECKRANGEMODE() != 0;
+    if (e.region == kLine) return {0.0, checks, true};
+    const double tolerance = tvlGETTOLERANCE();
+    return {tolerance, checks, tvlGETLASTERROR() == 0};
+}
+
+// ---- A slice in blocks ----
+
+constexpr int kBlock = 256;
+
+class SliceRun {
+public:
+    SliceRun(const Export& e, const Slice& slice) : e(e), slice(slice) {}
+
+    void point(int64_t element, double value, int32_t code) {
+        slice.results[element] = value;
+        if (slice.errors != nullptr) slice.errors[element] = code;
+        if (code != 0) ++failed;
+        if (element == slice.last - 1) lastCode = code;
+    }
+
+    // The frame's finiteness test on a kernel's values: out[j] belongs to the point
+    // start + index[j], or start + j without an index.
+    void computed(int64_t start, const double* out, const int* index, int count) {
+        for (int j = 0; j < count; ++j) {
+            const int64_t element = start + (index != nullptr ? index[j] : j);
+            const bool finite = std::isfinite(out[j]);
+            const int32_t code = finite ? 0 : tvl::kBadParameters;
+            slice.results[element] = finite ? out[j] : -1.0;
+            if (slice.errors != nullptr) slice.errors[element] = code;
+            failed += finite ? 0 : 1;
+            if (element == slice.last - 1) lastCode = code;
+        }
+    }
+
+    void byPlainCall(int64_t element, double p, double T) {
+        tvl::PropertyFacade* facade = slice.facade;
+        double value;
+        if (e.region == kLine) value = facade != nullptr ? (facade->*e.methodLine)(p) : e.plainLine(p);
+        else value = facade != nullptr ? (facade->*e.method)(p, T) : e.plain(p, T);
+        point(element, value, facade != nullptr ? facade->lastError : tvlGETLASTERROR());
+    }
+
+    // The last point's code stays as the model object's last error.
+    void finish() {
+        if (slice.last <= slice.first) return;
+        if (slice.facade != nullptr) slice.facade->lastError = lastCode;
+        else tvlSETLASTERROR(lastCode);
+    }
+
+    const Export& e;
+    const Slice& slice;
+    int64_t failed = 0;
+    int32_t lastCode = 0;
+};
+
+PointKernel kernelOf(const KernelSet& set, int region, int property) {
+    return region == 1 ? set.region1[property] : region == 2 ? set.region2[property] : set.region5[property];
+}
+
+// A block of the (p,T) family: sorted by region, each region's points through its kernel.
+void familyBlock(SliceRun& run, const KernelSet& set, const Settings& settings, int64_t start, const double* p,
+                 const double* T, int count) {
+    double region[kBlock];
+    set.classify(p, T, region, static_cast<std::size_t>(count), settings.tolerance, settings.checks);
+    for (int k = 0; k < count; ++k) {
+        if (region[k] == -1.0) run.point(start + k, -1.0, tvl::kOutOfRange);
+        if (region[k] == 0.0) run.byPlainCall(start + k, p[k], T[k]);
+    }
+    for (int r : {1, 2, 5}) {
+        double rp[kBlock], rT[kBlock], out[kBlock];
+        int index[kBlock];
+        int n = 0;
+        for (int k = 0; k < count; ++k) {  // without branches: the regions of random states alternate
+            rp[n] = p[k];
+            rT[n] = T[k];
+            index[n] = k;
+            n += region[k] == r ? 1 : 0;
+        }
+        if (n == 0) continue;
+        kernelOf(set, r, run.e.kernel)(rp, rT, out, static_cast<std::size_t>(n));
+        run.computed(start, out, index, n);
+    }
+}
+
+// A block of the saturation line: the kernel over all points; those the range test refuses
+// get code 2 instead of their values.
+void lineBlock(SliceRun& run, const KernelSet& set, const Settings& settings, int64_t start, const double* x,
+               int count) {
+    double out[kBlock], accepted[kBlock];
+    int index[kBlock];
+    set.line[run.e.kernel](x, x, out, static_cast<std::size_t>(count));
+    int n = 0;
+    for (int k = 0; k < count; ++k) {
+        const bool refused = settings.checks && (x[k] < run.e.lowest || x[k] > run.e.highest);
+        if (refused) run.point(start + k, -1.0, tvl::kOutOfRange);
+        accepted[n] = out[k];
+        index[n] = k;
+        n += refused ? 0 : 1;
+    }
+    run.computed(start, accepted, index, n);
+}
+
+// The block's values of input j: in place where they are contiguous, else copied.
+const double* column(const Slice& slice, int j, int64_t start, int count, double* copy) {
+    if (slice.strides[j] == 1) return slice.inputs[j] + start;
+    for (int k = 0; k < count; ++k) copy[k] = slice.inputs[j][(start + k) * slice.strides[j]];
+    return copy;
+}
+
+}  // namespace
+
+const Export* kernelFor(const char* name) {
+    if (name == nullptr || kernels() == nullptr) return nullptr;
+    for (const Export& e : kExports)
+        if (std::strcmp(e.name, name) == 0) return &e;
+    return nullptr;
+}
+
+int64_t evaluate(const Export& e, const Slice& slice) {
+    const KernelSet& set = *kernels();
+    SliceRun run(e, slice);
+    if (slice.last <= slice.first) return 0;
+    const Settings settings = settingsOf(e, slice.facade);
+    double pCopy[kBlock], TCopy[kBlock], out[kBlock];
+    for (int64_t start = slice.first; start < slice.last; start += kBlock) {
+        const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
+        const double* p = column(slice, 0, start, count, pCopy);
+        const double* T = e.region == kLine ? p : column(slice, 1, start, count, TCopy);
+        if (!settings.known) {
+            for (int k = 0; k < count; ++k) run.byPlainCall(start + k, p[k], T[k]);
+            continue;
+        }
+        if (e.region == kFamily) {
+            familyBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kLine) {
+            lineBlock(run, set, settings, start, p, count);
+            continue;
+        }
+        kernelOf(set, e.region, e.kernel)(p, T, out, static_cast<std::size_t>(count));
+        run.computed(start, out, nullptr, count);
+    }
+    run.finish();
+    return run.failed;
+}
+
+const char* pathName() {
+    const KernelSet* set = kernels();
+    return set != nullptr ? set->path : "scalar";
+}
+
+}  // namespace tvlx::lanes
+
+extern "C" TVLX_API const char* tvlxSIMD(void) { return tvlx::lanes::pathName(); }

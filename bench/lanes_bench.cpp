@@ -1,0 +1,102 @@
+// The vector kernels of the batch library against a plain C loop of the same export, on one
+// thread and the same states: ns per point. The path is the one in force for the process, so
+// run once per path:
+//   TAVLIB6X_SIMD=avx512|avx2|scalar tavlib6_bench --benchmark_filter='Lanes/'
+// Each benchmark is labelled with the path that ran.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bench_support.h"
+#include "tavlib6x.h"
+
+namespace {
+
+using tvlbench::Pair;
+
+constexpr int kStates = 16384;
+
+// Region 1, 2, 5 states by the (p,T) selection, and the whole range: all regions, region 3 too.
+const std::vector<Pair>& statesOf(int region) {
+    static const auto r1 = tvlbench::states(1e5, 1e8, 273.15, 623.15, [](double p, double T) { return tvlWATERSTATEAREA2(p, T) == 1; }, kStates);
+    static const auto r2 = tvlbench::states(1e3, 1e8, 273.15, 1073.15, [](double p, double T) { return tvlWATERSTATEAREA2(p, T) == 2; }, kStates);
+    static const auto r5 = tvlbench::states(1e3, 5e7, 1073.2, 2273.15, [](double, double) { return true; }, kStates);
+    static const auto all = tvlbench::states(1e3, 1e8, 273.15, 2273.15, [](double p, double T) { return T <= 1073.15 || p <= 5e7; }, kStates);
+    static const auto no3 = tvlbench::states(1e3, 1e8, 273.15, 2273.15, [](double p, double T) {
+        return (T <= 1073.15 || p <= 5e7) && tvlWATERSTATEAREA2(p, T) != 3; }, kStates);
+    // The saturation line: the argument in a, T for PST, p for TSP.
+    static const auto lineT = tvlbench::states(273.15, 647.096, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    static const auto lineP = tvlbench::states(611.3, 2.2e7, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    switch (region) {
+    case 7: return lineT;
+    case 8: return lineP;
+    case 1: return r1;
+    case 2: return r2;
+    case 5: return r5;
+    case 0: return all;
+    default: return no3;
+    }
+}
+
+void plainLoop(benchmark::State& state, double (*f)(double, double), int region) {
+    const auto& inputs = statesOf(region);
+    std::vector<double> out(inputs.size());
+    std::vector<int32_t> errors(inputs.size());
+    for (auto _ : state) {
+        for (size_t k = 0; k < inputs.size(); ++k) {
+            out[k] = f(inputs[k].a, inputs[k].b);
+            errors[k] = tvlGETLASTERROR();
+        }
+        benchmark::DoNotOptimize(out.data());
+        benchmark::DoNotOptimize(errors.data());
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(inputs.size()));
+}
+
+void array(benchmark::State& state, const char* name, int region) {
+    const auto& pairs = statesOf(region);
+    std::vector<double> p, T, out(pairs.size());
+    std::vector<int32_t> errors(pairs.size());
+    for (const Pair& in : pairs) {
+        p.push_back(in.a);
+        T.push_back(in.b);
+    }
+    const double* inputs[2] = {p.data(), T.data()};  // the line reads the first only
+    const int64_t strides[2] = {1, 1};
+    tvlxSETTHREADS(1);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(tvlxEVALUATE(name, static_cast<int64_t>(p.size()), inputs, strides, nullptr,
+                                              out.data(), nullptr, errors.data()));
+    tvlxSETTHREADS(0);
+    state.SetLabel(tvlxSIMD());
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(p.size()));
+}
+
+double pst(double T, double) { return tvlPST(T); }
+double tsp(double p, double) { return tvlTSP(p); }
+
+struct Family {
+    const char* name;
+    double (*plain)(double, double);
+    int region;  // 1, 2, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p
+    const char* states;
+};
+
+const Family kFamilies[] = {
+    {"H1PT", tvlH1PT, 1, "r1"},  {"V1PT", tvlV1PT, 1, "r1"},  {"S1PT", tvlS1PT, 1, "r1"},  {"W1PT", tvlW1PT, 1, "r1"},
+    {"H2PT", tvlH2PT, 2, "r2"},  {"V2PT", tvlV2PT, 2, "r2"},  {"S2PT", tvlS2PT, 2, "r2"},  {"W2PT", tvlW2PT, 2, "r2"},
+    {"H5PT", tvlH5PT, 5, "r5"},  {"V5PT", tvlV5PT, 5, "r5"},  {"S5PT", tvlS5PT, 5, "r5"},  {"W5PT", tvlW5PT, 5, "r5"},
+    {"HPT", tvlHPT, 6, "r125"},  {"VPT", tvlVPT, 6, "r125"},  {"SPT", tvlSPT, 6, "r125"},  {"CPPT", tvlCPPT, 6, "r125"},
+    {"HPT", tvlHPT, 0, "all"},   {"VPT", tvlVPT, 0, "all"},   {"PST", pst, 7, "line"},      {"TSP", tsp, 8, "line"},
+};
+
+const int registered = [] {
+    for (const Family& f : kFamilies) {
+        const std::string suffix = std::string(f.name) + "/" + f.states;
+        benchmark::RegisterBenchmark(("Lanes/Loop/" + suffix).c_str(), plainLoop, f.plain, f.region);
+        benchmark::RegisterBenchmark(("Lanes/Array/" + suffix).c_str(), array, f.name, f.region);
+    }
+    return 0;
+}();
+
+}  // namespace

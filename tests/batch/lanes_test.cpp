@@ -1,0 +1,178 @@
+// The vector kernels of libtavlib6x against the plain exports, on the path that TAVLIB6X_SIMD
+// asks for (ctest runs this program once per path): every covered export ((p,T) of regions 1, 2,
+// 5, the (p,T) family, the saturation line) over random states of every region, the region and
+// range edges one rounding unit either side, non-finite and out-of-range arguments mixed in,
+// under hostile settings; values, codes and the last error equal bit for bit.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tavlib6.h"
+#include "tavlib6x.h"
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+struct Covered {
+    const char* name;
+    double (*plain)(double, double);
+    bool byTemperature = false;  // the saturation line by T takes the T column
+};
+
+double PST(double T, double) { return tvlPST(T); }
+double TSP(double p, double) { return tvlTSP(p); }
+double DPDTST(double T, double) { return tvlDPDTST(T); }
+
+#define COVERED(r)                                                                                          \
+    {"V" #r "PT", tvlV##r##PT}, {"D" #r "PT", tvlD##r##PT}, {"U" #r "PT", tvlU##r##PT},                     \
+        {"S" #r "PT", tvlS##r##PT}, {"H" #r "PT", tvlH##r##PT}, {"CP" #r "PT", tvlCP##r##PT},               \
+        {"CV" #r "PT", tvlCV##r##PT}, {"W" #r "PT", tvlW##r##PT}, {"JOULETHOMPSON" #r "PT", tvlJOULETHOMPSON##r##PT}
+const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(5),
+                            {"VPT", tvlVPT}, {"DPT", tvlDPT}, {"UPT", tvlUPT}, {"SPT", tvlSPT}, {"HPT", tvlHPT},
+                            {"CPPT", tvlCPPT}, {"CVPT", tvlCVPT}, {"WPT", tvlWPT},
+                            {"JOULETHOMPSONPT", tvlJOULETHOMPSONPT}, {"PST", PST, true}, {"TSP", TSP},
+                            {"DPDTST", DPDTST, true}};
+#undef COVERED
+
+struct Settings {
+    int32_t checkRangeMode, toleranceMode, maxIterations;
+    double tolerance;
+};
+
+// The defaults first; then each setting on its own, hostile tolerances included (the region
+// tests widen by 1 + tolerance).
+const Settings kSettings[] = {
+    {1, 1, 100, 2e-12}, {0, 1, 100, 2e-12}, {1, 0, 100, 2e-12}, {1, 1, 1, 2e-12},  {1, 1, 100, 1e-3},
+    {0, 1, 100, -0.5},  {1, 1, 100, kNaN},  {1, 1, 100, kInf},  {1, 1, 100, 0.0}, {0, 0, 0, -kInf},
+};
+
+void apply(const Settings& s) {
+    tvlSETCHECKRANGEMODE(s.checkRangeMode);
+    tvlSETTOLERANCEMODE(s.toleranceMode);
+    tvlSETMAXITERATION(s.maxIterations);
+    tvlSETTOLERANCE(s.tolerance);
+}
+
+double up(double x) { return std::nextafter(x, kInf); }
+double down(double x) { return std::nextafter(x, -kInf); }
+
+// Random states over the whole (p,T) plane and somewhat beyond, the edges of the regions and of
+// the range one rounding unit either side, the saturation and B23 lines, and hostile values.
+std::vector<std::pair<double, double>> statePoints() {
+    std::vector<std::pair<double, double>> points;
+    std::mt19937_64 random(16);
+    std::uniform_real_distribution<double> logP(std::log(100.0), std::log(1.2e8)), T(250.0, 2400.0);
+    for (int k = 0; k < 2000; ++k) points.push_back({std::exp(logP(random)), T(random)});
+    const double pEdges[] = {611.2126774443452, 611.2126774443451, 16529164.252621602, 22064000.0,
+                             22064000.0 * 1.0000000000000002, 5e7, 1e8, 4e6, 1e5};
+    const double TEdges[] = {273.15, 273.1499999999999, 623.15, 863.15, 1073.15, 1073.15 * (1 + 2e-12), 2273.15,
+                             647.096, 647.0960000000001};
+    for (double p : pEdges)
+        for (double t : TEdges)
+            for (double pp : {down(p), p, up(p)})
+                for (double tt : {down(t), t, up(t)}) points.push_back({pp, tt});
+    for (double p = 700.0; p < 2.3e7; p *= 1.37) {
+        const double Ts = tvlTSP(p), Tb = tvlT23P(p);
+        for (double t : {Ts, Tb, Ts * (1 + 2e-12), Tb * (1 + 2e-12)})
+            for (double tt : {down(t), t, up(t)}) points.push_back({p, tt});
+    }
+    const double hostile[] = {kNaN, kInf, -kInf, -1.0, 0.0, -0.0, 1e300, 5e-324};
+    for (double h : hostile) {
+        points.push_back({h, 500.0});
+        points.push_back({1e6, h});
+        points.push_back({h, h});
+    }
+    points.push_back({1e7, 265.0});  // below 273.15 K the melting curve bounds the pressure
+    points.push_back({3e8, 265.0});
+    return points;
+}
+
+class LanesTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const char* asked = std::getenv("TAVLIB6X_SIMD");
+        if (asked != nullptr && std::string(asked) != tvlxSIMD())
+            GTEST_SKIP() << "the " << asked << " path is not available here (" << tvlxSIMD() << " runs)";
+    }
+    void TearDown() override {
+        apply(kSettings[0]);
+        tvlxSETTHREADS(0);
+    }
+
+    // Every covered export over the points, as one batch, against its plain calls.
+    static void expectPlainBits(const std::vector<std::pair<double, double>>& points, bool broadcastT,
+                                const std::string& where) {
+        std::vector<double> p, T;
+        for (const auto& point : points) p.push_back(point.first), T.push_back(point.second);
+        const size_t count = points.size();
+        for (const Covered& e : kCovered) {
+            if (e.byTemperature) std::swap(p, T);
+            const double* inputs[2] = {p.data(), T.data()};
+            const int64_t strides[2] = {e.byTemperature && broadcastT ? 0 : 1, broadcastT && !e.byTemperature ? 0 : 1};
+            std::vector<double> results(count, 7.0);
+            std::vector<int32_t> errors(count, -7);
+            const int64_t failed =
+                tvlxEVALUATE(e.name, static_cast<int64_t>(count), inputs, strides, nullptr, results.data(), nullptr,
+                             errors.data());
+            const int32_t lastError = tvlGETLASTERROR();
+            int64_t plainFailed = 0, mismatches = 0;
+            int32_t code = 0;
+            for (size_t k = 0; k < count; ++k) {
+                const double value = e.plain(p[k * strides[0]], T[k * strides[1]]);
+                code = tvlGETLASTERROR();
+                plainFailed += code != 0;
+                if (std::memcmp(&value, &results[k], sizeof value) != 0 || code != errors[k]) {
+                    if (++mismatches <= 3)
+                        ADD_FAILURE() << where << " " << e.name << "(" << p[k * strides[0]] << ", " << T[k * strides[1]]
+                                      << "): batch " << results[k] << " code " << errors[k] << ", plain " << value
+                                      << " code " << code;
+                }
+            }
+            EXPECT_EQ(mismatches, 0) << where << " " << e.name;
+            EXPECT_EQ(failed, plainFailed) << where << " " << e.name;
+            EXPECT_EQ(lastError, code) << where << " " << e.name << ": last error after the batch";
+            if (e.byTemperature) std::swap(p, T);
+        }
+    }
+};
+
+TEST_F(LanesTest, EveryCoveredExportHasThePlainBitsUnderEverySetting) {
+    const auto points = statePoints();
+    tvlxSETTHREADS(1);
+    for (const Settings& s : kSettings) {
+        apply(s);
+        expectPlainBits(points, false,
+                        "checks " + std::to_string(s.checkRangeMode) + " mode " + std::to_string(s.toleranceMode) +
+                            " iterations " + std::to_string(s.maxIterations) + " tolerance " +
+                            std::to_string(s.tolerance));
+    }
+}
+
+TEST_F(LanesTest, ThreadedSlicesAndRepeatedArgumentsHaveThePlainBits) {
+    auto points = statePoints();
+    const auto once = points;
+    while (points.size() < 9000) points.insert(points.end(), once.begin(), once.end());
+    tvlxSETTHREADS(2);
+    for (const Settings& s : {kSettings[0], kSettings[6]}) {  // a tolerance of NaN too
+        apply(s);
+        expectPlainBits(points, false, "two threads, tolerance " + std::to_string(s.tolerance));
+    }
+    expectPlainBits({{1e3, 600.0}, {2e7, 600.0}, {4e7, 600.0}, {kNaN, 600.0}}, true, "T repeated");
+}
+
+TEST_F(LanesTest, ThePathInForceIsNamed) {
+    const std::string path = tvlxSIMD();
+    EXPECT_TRUE(path == "avx512" || path == "avx2" || path == "scalar") << path;
+}
+
+}  // namespace
