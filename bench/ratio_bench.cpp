@@ -72,11 +72,15 @@ void TPH(benchmark::State& state) { tvlbench::runOver(state, ph(region), tvlTPH)
 
 void T2PH(benchmark::State& state) { tvlbench::runOver(state, ph(2), tvlT2PH); }
 
-// TPS and the region's backward call, with toleranceMode as given (restored to 1 after).
-template <int region, int toleranceMode>
+// TPS and the region's backward call, with toleranceMode as given (restored to 1 after). TPS
+// with checkRangeMode 0 shows what the frame's range test of (p,s) costs: it evaluates S1PT and
+// S5PT (S2PT above 50 MPa) at the ends of the isobar.
+template <int region, int toleranceMode, int checkRangeMode = 1>
 void TPS(benchmark::State& state) {
     tvlSETTOLERANCEMODE(toleranceMode);
+    tvlSETCHECKRANGEMODE(checkRangeMode);
     tvlbench::runOver(state, ps(region), tvlTPS);
+    tvlSETCHECKRANGEMODE(1);
     tvlSETTOLERANCEMODE(1);
 }
 
@@ -118,6 +122,8 @@ BENCHMARK(RegionTPS<2, 1>)->Name("Ratio/T2PS");
 BENCHMARK(TPS<2, 1>)->Name("Ratio/TPS/region2");
 BENCHMARK(RegionTPS<2, 0>)->Name("Ratio/T2PS/toleranceMode0");
 BENCHMARK(TPS<2, 0>)->Name("Ratio/TPS/region2/toleranceMode0");
+BENCHMARK(TPS<2, 1, 0>)->Name("Ratio/TPS/region2/checkRangeMode0");
+BENCHMARK(TPS<2, 0, 0>)->Name("Ratio/TPS/region2/toleranceMode0/checkRangeMode0");
 BENCHMARK(ForwardHS<2>)->Name("Ratio/H2PT+S2PT");
 BENCHMARK(PHS<2>)->Name("Ratio/PHS/region2");
 BENCHMARK(RegionHPT<3>)->Name("Ratio/H3PT");
