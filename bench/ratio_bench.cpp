@@ -26,22 +26,18 @@ const std::vector<Pair>& pT(int region) {
     return states;
 }
 
-// The same states as (p, h), (h, s) and (rho, T).
-const std::vector<Pair>& ph(int region) {
+// The same states as (p, h), (p, s), (h, s) and (rho, T).
+template <auto property>
+const std::vector<Pair>& pressureAnd(int region) {
     static std::vector<Pair> byRegion[6];
     std::vector<Pair>& states = byRegion[region];
     if (states.empty())
-        for (const Pair& s : pT(region)) states.push_back({s.a, tvlHPT(s.a, s.b)});
+        for (const Pair& s : pT(region)) states.push_back({s.a, property(s.a, s.b)});
     return states;
 }
 
-const std::vector<Pair>& ps(int region) {
-    static std::vector<Pair> byRegion[6];
-    std::vector<Pair>& states = byRegion[region];
-    if (states.empty())
-        for (const Pair& s : pT(region)) states.push_back({s.a, tvlSPT(s.a, s.b)});
-    return states;
-}
+const std::vector<Pair>& ph(int region) { return pressureAnd<tvlHPT>(region); }
+const std::vector<Pair>& ps(int region) { return pressureAnd<tvlSPT>(region); }
 
 const std::vector<Pair>& hs(int region) {
     static std::vector<Pair> byRegion[6];
