@@ -39,9 +39,9 @@ public:
         return 0;
     }
 
-    // The same for y against value(p) * m as a selection rounds it. A rounded product keeps the
-    // order of its positive factor's partners, so the bounds times m bound it; a margin outside a
-    // sane band around 1 (a hostile tolerance) is left to the comparison.
+    // The same for y against value(p) * m as a selection rounds it. Multiplying by a positive m
+    // and rounding keeps the order of numbers, so the bounds times m bound that product; a margin
+    // outside a sane band around 1 (a hostile tolerance) is left to the comparison.
     int sideOfScaled(double p, double m, double y) const {
         if (!(m >= 0.5 && m <= 2.0)) return 0;
         const uint64_t k = key(p) - first;
