@@ -2,10 +2,8 @@
 // temperature that the region's backward function finds. The numbers order the regions by
 // their known extent in enthalpy, band by band in pressure; an equation is called only close
 // to a boundary, and the saturation line only where the wet area is possible.
-#include <cstdint>
-#include <cstring>
-
 #include "water/dispatch/ph_ps_evaluation.h"
+#include "water/dispatch/pressure_buckets.h"
 #include "water/formulation/constants.h"
 
 namespace tvl {
@@ -64,47 +62,15 @@ struct ByEnthalpy {
     static double saturatedSteam(WaterModel& w, double Ts) { return w.HSST(Ts); }
 };
 
-// Bounds of the saturated water enthalpy H1PT(p, TSP(p)) between pressures whose bits share
-// their top 16: it rises with p, so within a bucket it lies between the values at the ends,
-// widened by far more than the rounding of the two equations.
-class SaturatedWaterEnthalpyBuckets {
-public:
-    static constexpr double kWidening = 1e-3;  // J/kg
-
-    explicit SaturatedWaterEnthalpyBuckets(WaterModel& w) {
-        for (int k = 0; k <= kCount; ++k) {
-            const uint64_t bits = (first + static_cast<uint64_t>(k)) << 48;
-            double p;
-            std::memcpy(&p, &bits, sizeof p);
-            edges[k] = w.H1PT(p, w.TSP(p));
-        }
-    }
-
-    static uint64_t key(double p) {
-        uint64_t bits;
-        std::memcpy(&bits, &p, sizeof bits);
-        return bits >> 48;
-    }
-
-    // -1: h below every value of the bucket, 1: above every value, 0: too close to tell.
-    int side(double p, double h) const {
-        const uint64_t k = key(p) - first;
-        if (k >= kCount) return 0;  // NaN, or outside the table: left to the equation
-        if (h < edges[k] - kWidening) return -1;
-        if (h > edges[k + 1] + kWidening) return 1;
-        return 0;
-    }
-
-private:
-    uint64_t first = key(kIcePointSaturationPressure);
-    static constexpr int kCount = 16 * 16;  // covers up to kP623, about 15 octaves above
-    double edges[kCount + 1];
-};
+// Far more than the rounding of H1PT(p, TSP(p)), the saturated water enthalpy.
+constexpr double kSaturatedWaterEnthalpyWidening = 1e-3;  // J/kg
 
 }  // namespace
 
 bool WaterModel::atOrBelowSaturatedWaterEnthalpy(double p, double Ts, double h) {
-    static const SaturatedWaterEnthalpyBuckets buckets(*this);  // filled on first use
+    // Bounds of the saturated water enthalpy, which rises with p; filled on first use.
+    static const PressureBuckets buckets(kIcePointSaturationPressure, kP623, kSaturatedWaterEnthalpyWidening,
+                                         [this](double q) { return H1PT(q, TSP(q)); });
     const int side = buckets.side(p, h);
     if (side != 0) return side < 0;
     return H1PT(p, Ts) >= h;

@@ -2,6 +2,7 @@
 // (p,h) with entropies, then a property at the temperature that the region's backward function
 // finds.
 #include "water/dispatch/ph_ps_evaluation.h"
+#include "water/dispatch/pressure_buckets.h"
 #include "water/formulation/constants.h"
 
 namespace tvl {
@@ -33,12 +34,38 @@ backward::State region3ByTemperature(WaterModel& w, double p, double s) {
     return {3, T, rho, 1.0 / rho};
 }
 
+// Bounds per pressure bucket of the entropies that the selection compares s with: the saturated
+// water and steam entropies below B23 at 623.15 K (s' rises with p, s'' falls), and the region
+// 2/5 boundary entropy S2PT(p, 1073.15 K), which falls with p, up to the pressure limit of
+// region 5. Widened by far more than the rounding of the equations.
+struct SelectionEntropyBounds {
+    static constexpr double kWidening = 1e-5;  // J/(kg K)
+
+    explicit SelectionEntropyBounds(WaterModel& w)
+        : saturatedWater(kIcePointSaturationPressure, kP623, kWidening, [&w](double p) { return w.S1PT(p, w.TSP(p)); }),
+          saturatedSteam(kIcePointSaturationPressure, kP623, kWidening, [&w](double p) { return w.S2PT(p, w.TSP(p)); }),
+          region5Start(kIcePointSaturationPressure, kRegion5HighestPressure, kWidening,
+                       [&w](double p) { return w.S2PT(p, kRegion25Temperature); }) {}
+
+    PressureBuckets saturatedWater;
+    PressureBuckets saturatedSteam;
+    PressureBuckets region5Start;
+};
+
 }  // namespace
 
+// The written comparisons decide; the bounds only answer them ahead where the answer is sure.
+// Below B23 at 623.15 K the saturation temperature is worked out where a comparison needs it or
+// the point is wet: the wet area reads it, and every other area publishes its own temperature.
 int WaterModel::REGIONPS(double p, double s) {
+    static const SelectionEntropyBounds bounds(*this);  // filled on first use
     const double m = settings.margin();
     auto region1Or3 = [&] { return S1PT(p, kRegion13Temperature) * m >= s ? 1 : 3; };
-    auto region2Or5 = [&] { return S2PT(p, kRegion25Temperature) * m >= s ? 2 : 5; };
+    auto region2Or5 = [&] {
+        const int side = bounds.region5Start.sideOfScaled(p, m, s);
+        if (side != 0) return side < 0 ? 2 : 5;
+        return S2PT(p, kRegion25Temperature) * m >= s ? 2 : 5;
+    };
     auto region3Or2 = [&] { return S2PT(p, T23P(p)) > m * s ? 3 : 2; };
 
     // Above the pressure limit of region 5 the wet area is far away too.
@@ -73,14 +100,24 @@ int WaterModel::REGIONPS(double p, double s) {
         return S3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < s ? 4 : 3;
     }
     if (p < kIcePointSaturationPressure) return region2Or5();
+    const int water = bounds.saturatedWater.side(p, s);
+    if (water < 0) return 1;
+    const int steam = bounds.saturatedSteam.side(p, s);
+    if (water > 0 && steam > 0) return region2Or5();
     const double Ts = TSP(p);
     solved.PublishTemperature(Ts);
-    if (S1PT(p, Ts) >= s) return 1;
-    if (S2PT(p, Ts) > s) return 4;
+    if (water == 0 && S1PT(p, Ts) >= s) return 1;
+    if (steam < 0 || (steam == 0 && S2PT(p, Ts) > s)) return 4;
     return region2Or5();
 }
 
-int WaterModel::WATERSTATEAREAPS(double p, double s) { return REGIONPS(p, s); }
+// The exported selection leaves Ts solved wherever the written tree works it out, also where the
+// bounds decided without it.
+int WaterModel::WATERSTATEAREAPS(double p, double s) {
+    const int area = REGIONPS(p, s);
+    if (!solved.temperatureSolved && p >= kIcePointSaturationPressure && p < kP623) solved.PublishTemperature(TSP(p));
+    return area;
+}
 
 double WaterModel::TPS(double p, double s) { return backward::temperature<ByEntropy>(*this, p, s); }
 
