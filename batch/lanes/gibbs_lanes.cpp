@@ -103,7 +103,7 @@ struct SaturationBuckets {
     }
 
     // The edges from the model's own saturation temperature.
-    SaturationBuckets() : first(key(tvl::kLowestSaturationPressure)) {
+    SaturationBuckets() : first(key(tvl::kIcePointSaturationPressure)) {
         const tvl::ModelSettings settings;
         tvl::SolvedState solved;
         const tvl::WaterModel water(settings, solved);
@@ -494,7 +494,7 @@ HWY_INLINE hn::Mask<D> atOrAboveSaturation(D d, V p, V mT) {
     const auto above = hn::Ge(mT, hn::GatherIndex(d, buckets.upper, index));
     const auto below = hn::Lt(mT, hn::GatherIndex(d, buckets.lower, index));
     const auto decided = hn::And(hn::RebindMask(d, inTable), hn::Or(above, below));
-    const auto onTheLine = hn::And(hn::Le(p, hn::Set(d, tvl::kP623)), hn::Ge(p, hn::Set(d, tvl::kLowestSaturationPressure)));
+    const auto onTheLine = hn::And(hn::Le(p, hn::Set(d, tvl::kP623)), hn::Ge(p, hn::Set(d, tvl::kIcePointSaturationPressure)));
     if (hn::AllFalse(d, hn::AndNot(decided, onTheLine))) return above;
     return hn::Or(hn::And(decided, above), hn::AndNot(decided, hn::Ge(mT, saturationTemperature(d, p))));
 }
@@ -508,7 +508,7 @@ HWY_INLINE V classifyLanes(D d, V p, V T, double m, bool checks) {
     if (!hn::AllFalse(d, hn::And(hn::Gt(p, c(tvl::kP623)), hn::Gt(T, c(tvl::kRegion13Temperature)))))
         b23Side = hn::IfThenElse(hn::Le(T, c(tvl::kRegion13Temperature)), c(1.0),
                                  hn::IfThenElse(hn::Gt(b23Temperature(d, p), mT), c(0.0), c(2.0)));
-    const V saturationSide = hn::IfThenElse(hn::Lt(p, c(tvl::kLowestSaturationPressure)), c(2.0),
+    const V saturationSide = hn::IfThenElse(hn::Lt(p, c(tvl::kIcePointSaturationPressure)), c(2.0),
                                             hn::IfThenElse(atOrAboveSaturation(d, p, mT), c(2.0), c(1.0)));
     V region = hn::IfThenElse(hn::Le(p, c(tvl::kP623)), saturationSide, b23Side);
     region = hn::IfThenElse(hn::Ge(T, c(tvl::kB23UpperTemperature)), c(2.0), region);

@@ -16,57 +16,24 @@ out="$windows_build/help-test"
 rm -rf "$out"
 mkdir -p "$out/run/lib"
 
-# The Wine prefix of wine_test.sh, made once; no Mono and no Gecko (nothing to fetch them from),
-# so the viewer shows its window, contents and index but leaves the page area blank.
+# The Wine prefix of wine_test.sh, made once. Without Gecko the viewer shows its window, contents
+# and index but leaves the page area blank.
 export WINEPREFIX="$windows_build/wine-test/prefix"
-export WINEDEBUG=-all
-export WINEDLLOVERRIDES="mscoree,mshtml="
-export WINEARCH=win64
-export HOME="${HOME:-$out}"
-
-xvfb_pid=""
-cleanup() {
-    wineserver -k >/dev/null 2>&1 || true
-    if [ -n "$xvfb_pid" ]; then kill "$xvfb_pid" 2>/dev/null || true; fi
-}
-trap cleanup EXIT
-display=90
-while [ -e "/tmp/.X11-unix/X$display" ] || [ -e "/tmp/.X$display-lock" ]; do display=$((display + 1)); done
-Xvfb ":$display" -screen 0 1024x768x24 -nolisten tcp >"$out/xvfb.log" 2>&1 &
-xvfb_pid=$!
-export DISPLAY=":$display"
-for _ in $(seq 1 50); do [ -e "/tmp/.X11-unix/X$display" ] && break; sleep 0.1; done
-if [ ! -f "$WINEPREFIX/system.reg" ]; then
-    mkdir -p "$WINEPREFIX"
-    wineboot -i >"$out/wineboot.log" 2>&1 || true
-    wineserver -w
-fi
+source "$(dirname "$0")/wine_session.sh"
 
 # The host program and the DLL in folders of their own: the help is found beside the DLL.
 cp "$windows_build/tavlib6.dll" "$out/run/lib/"
 cp "$windows_build/tavlib6_about_check.exe" "$out/run/"
 cp "$chm" "$out/help.chm"
 cd "$out/run"
-windows_path() { echo 'Z:'"$(echo "$1" | tr / '\\')"; }
 export WINEPATH="$(windows_path "$out/run/lib")"
 
 timeout 600 wine explorer /desktop=tavlib6,1024x768 tavlib6_about_check.exe "$(windows_path "$out/run")" \
     "$(windows_path "$out/help.chm")" >"$out/help.log" 2>&1 &
 checker=$!
-shoot() {
-    for _ in $(seq 1 600); do
-        [ -e "$1.ready" ] && break
-        kill -0 "$checker" 2>/dev/null || return 0
-        sleep 0.1
-    done
-    [ -e "$1.ready" ] || return 0
-    import -display "$DISPLAY" -window root "$out/$1.png"
-    touch "$1.taken"
-    echo "screenshot: $out/$1.png"
-}
-shoot about
-shoot help-missing
-shoot help-viewer
+shoot about "$checker"
+shoot help-missing "$checker"
+shoot help-viewer "$checker"
 wait "$checker" || true
 
 log=$(tr -d '\r' <"$out/help.log")

@@ -20,32 +20,7 @@ rm -rf "$out/run" "$out"/*.png "$out"/*.log
 mkdir -p "$out/run"
 
 export WINEPREFIX="$out/prefix"
-export WINEDEBUG=-all
-# No Mono and no Gecko: nothing here needs them, and there is nothing to download them from.
-export WINEDLLOVERRIDES="mscoree,mshtml="
-export WINEARCH=win64
-export HOME="${HOME:-$out}"
-
-xvfb_pid=""
-cleanup() {
-    wineserver -k >/dev/null 2>&1 || true
-    if [ -n "$xvfb_pid" ]; then kill "$xvfb_pid" 2>/dev/null || true; fi
-}
-trap cleanup EXIT
-
-# A display of our own: the first free number from 90 on.
-display=90
-while [ -e "/tmp/.X11-unix/X$display" ] || [ -e "/tmp/.X$display-lock" ]; do display=$((display + 1)); done
-Xvfb ":$display" -screen 0 1024x768x24 -nolisten tcp >"$out/xvfb.log" 2>&1 &
-xvfb_pid=$!
-export DISPLAY=":$display"
-for _ in $(seq 1 50); do [ -e "/tmp/.X11-unix/X$display" ] && break; sleep 0.1; done
-
-if [ ! -f "$WINEPREFIX/system.reg" ]; then
-    echo "== creating the Wine prefix"
-    wineboot -i >"$out/wineboot.log" 2>&1 || true
-    wineserver -w
-fi
+source "$(dirname "$0")/wine_session.sh"
 
 # The programs stand for host programs; the DLL lies in a folder of its own, found through the
 # search path, so that the help search can tell the library's folder from the host's.
@@ -53,7 +28,7 @@ mkdir -p "$out/run/lib"
 cp "$windows_build/tavlib6.dll" "$out/run/lib/"
 cp "$windows_build/tavlib6_call_check.exe" "$windows_build/tavlib6_about_check.exe" "$out/run/"
 cd "$out/run"
-export WINEPATH='Z:'"$(pwd | tr / '\\')"'\lib'
+export WINEPATH="$(windows_path "$(pwd)/lib")"
 
 echo "== the same calls on Linux and on Windows"
 timeout 600 "$linux_build/tests/windows/tavlib6_call_check" write expected.txt
@@ -67,22 +42,10 @@ grep -q '^with traps unmasked: no exception, 0 calls' "$out/traps.log" || status
 echo "== the about box and the help"
 # In a Wine virtual desktop Wine draws the title bars and frames itself; plain Xvfb has no
 # window manager to draw them.
-timeout 600 wine explorer /desktop=tavlib6,1024x768 tavlib6_about_check.exe 'Z:'"$(pwd | tr / '\\')" >"$out/about.log" 2>&1 &
+timeout 600 wine explorer /desktop=tavlib6,1024x768 tavlib6_about_check.exe "$(windows_path "$(pwd)")" >"$out/about.log" 2>&1 &
 about_pid=$!
-shoot() {
-    local name=$1
-    for _ in $(seq 1 600); do
-        [ -e "$name.ready" ] && break
-        kill -0 "$about_pid" 2>/dev/null || return 0
-        sleep 0.1
-    done
-    [ -e "$name.ready" ] || return 0
-    import -display "$DISPLAY" -window root "$out/$name.png"
-    touch "$name.taken"
-    echo "screenshot: $out/$name.png"
-}
-shoot about
-shoot help-missing
+shoot about "$about_pid"
+shoot help-missing "$about_pid"
 wait "$about_pid" || true
 tr -d '\r' <"$out/about.log" | tee "$out/about.clean.log"
 grep -q '^[0-9]* passed, 0 failed$' "$out/about.clean.log" || status=1
