@@ -76,6 +76,18 @@ TEST_F(PTDispatch, TheTwoSelectionsAtTheirBoundaries) {
     EXPECT_EQ(lastError(), 0);
 }
 
+TEST_F(PTDispatch, PhaseState) {
+    EXPECT_EQ(lib.PHASESTATEPT(1e5, 300.0), 1);
+    EXPECT_EQ(lib.PHASESTATEPT(1e5, 400.0), 2);
+    EXPECT_EQ(lib.PHASESTATEPT(3e7, 400.0), 3);
+    EXPECT_EQ(lib.PHASESTATEPT(1e5, 700.0), 3);
+    EXPECT_NE(lib.PHASESTATEPT(22064000.0, 647.096), 3) << "both critical limits are strict";
+    EXPECT_EQ(lib.PHASESTATEPT(water.PST(400.0), 400.0), 2) << "on the line is vapour";
+    lib.SETCHECKRANGEMODE(0);
+    EXPECT_EQ(lib.PHASESTATEPT(1e5, 250.0), -1) << "the test below 273.15 K does not depend on the mode";
+    EXPECT_EQ(lastError(), 2);
+}
+
 TEST_F(PTDispatch, CombinedCallAgreesWithTheSingleExportsAndDifferences) {
     for (auto [p, T] : grid()) {
         double out[14];

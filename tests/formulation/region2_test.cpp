@@ -79,47 +79,4 @@ struct SettingsCase {
     int codeOfAlways;      // the searches that run in any mode
 };
 
-TEST_F(Region2, SettingsDecideWhetherAndHowLongTheSearchRuns) {
-    static double p;
-    static double T;
-    const Call calls[] = {
-        {"T2PH 2a", Search::Refinement, [](tvl::PropertyFacade& f) { return f.T2PH(1e5, 2.9e6); }},
-        {"T2PH 2b", Search::Refinement, [](tvl::PropertyFacade& f) { return f.T2PH(1e7, 3.3e6); }},
-        {"T2PH 2c", Search::Refinement, [](tvl::PropertyFacade& f) { return f.T2PH(5e7, 2.9e6); }},
-        {"T2PS 2a", Search::Refinement, [](tvl::PropertyFacade& f) { return f.T2PS(1e5, 7500.0); }},
-        {"T2PS 2b", Search::Refinement, [](tvl::PropertyFacade& f) { return f.T2PS(1e7, 6500.0); }},
-        {"T2PS 2c", Search::Refinement, [](tvl::PropertyFacade& f) { return f.T2PS(5e7, 5500.0); }},
-        {"P2HS", Search::Refinement, [](tvl::PropertyFacade& f) { return f.P2HS(2.8e6, 6500.0); }},
-        {"T2HS", Search::Refinement, [](tvl::PropertyFacade& f) { return f.T2HS(3.6e6, 7000.0); }},
-        {"PT2HS", Search::Refinement, [](tvl::PropertyFacade& f) { return f.PT2HS(2.8e6, 5800.0, &p, &T); }},
-        {"T2PS with raw T below 273.15 K", Search::Always, [](tvl::PropertyFacade& f) { return f.T2PS(1e3, 8800.0); }},
-        {"PT2HS above 12000 J/(kg K)", Search::Always, [](tvl::PropertyFacade& f) { return f.PT2HS(3.5e6, 12500.0, &p, &T); }},
-        {"PT2RH", Search::Always, [](tvl::PropertyFacade& f) { return f.PT2RH(5.0, 3e6, &p, &T); }},
-    };
-    const SettingsCase cases[] = {
-        {"default", 1, 100, 2e-12, 0, 0},
-        {"one iteration can never succeed", 1, 1, 2e-12, 3, 3},
-        {"no iterations", 1, 0, 2e-12, 3, 3},
-        {"negative cap", 1, -3, 2e-12, 3, 3},
-        {"two iterations are too few", 1, 2, 2e-12, 3, 3},
-        {"tolerance 0 never passes >=", 1, 100, 0.0, 3, 3},
-        {"mode off ignores the cap", 0, 0, 2e-12, 0, 3},
-        {"mode off with one iteration", 0, 1, 2e-12, 0, 3},
-        {"mode off ignores the tolerance", 0, 100, 0.0, 0, 3},
-        {"mode off, default cap", 0, 100, 2e-12, 0, 0},
-    };
-    for (const SettingsCase& c : cases) {
-        for (const Call& call : calls) {
-            lib.settings = {};
-            lib.SETTOLERANCEMODE(c.toleranceMode);
-            lib.SETMAXITERATION(c.maxIterations);
-            lib.SETTOLERANCE(c.tolerance);
-            const double result = call.run(lib);
-            const int expected = call.search == Search::Refinement ? c.codeOfRefinement : c.codeOfAlways;
-            EXPECT_EQ(lastError(), expected) << c.what << ": " << call.name;
-            EXPECT_EQ(result == -1.0, expected != 0) << c.what << ": " << call.name;
-        }
-    }
-}
-
 }  // namespace

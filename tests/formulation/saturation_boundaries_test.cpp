@@ -13,15 +13,6 @@ using tvltest::nearRelative;
 
 class SaturationLine : public tvltest::FacadeTest {};
 
-TEST_F(SaturationLine, TemperatureAndPressureInvertEachOther) {
-    for (double T = 273.15; T < 647.0; T += 7.3) {
-        EXPECT_TRUE(nearRelative(water.TSP(water.PST(T)), T, 1e-12)) << T;
-        const double dT = 1e-4;
-        const double slope = (water.PST(T + dT) - water.PST(T - dT)) / (2 * dT);
-        EXPECT_TRUE(nearRelative(water.DPDTST(T), slope, 1e-7)) << T;
-    }
-}
-
 using SaturationExport = double (*)(tvl::PropertyFacade&, double);
 
 struct LimitCase {

@@ -101,45 +101,4 @@ struct CodeCase {
     int withoutChecks;
 };
 
-// Before the model: ValidatePT on the inlet, then p2 in 0 to 100 MPa, where 0 passes and is left
-// to the dispatch (region 2 at zero pressure has no entropy: code 1). After it, by property: the
-// result as a temperature (T), the solved temperature in the formulation (B), in the range of
-// the conductivity (THERMCOND, PRANDTLE) or of the viscosity (DYNVIS, KINVIS), the dryness
-// fraction and then B (X). For H the solved temperature is the isentropic end point's, so a
-// throttling (eff 0) whose isentropic compression would end beyond the formulation fails.
-TEST_F(Expansion, TestsBeforeAndAfter) {
-    using F = PropertyFacade;
-    const CodeCase cases[] = {
-        {"inlet under the melting line", &F::HEXPANSIONPTPEFF, 1e5, 270.0, 1e4, 0.85, 2, 0},
-        {"inlet over 100 MPa", &F::HEXPANSIONPTPEFF, 1.1e8, 400.0, 1e5, 0.85, 2, 0},
-        {"p2 over 100 MPa", &F::TEXPANSIONPTPEFF, 1e6, 400.0, 1.1e8, 0.0, 2, 0},
-        {"p2 negative", &F::HEXPANSIONPTPEFF, 1e7, 800.0, -1e-300, 0.85, 2, 1},
-        {"p2 zero passes to the dispatch", &F::HEXPANSIONPTPEFF, 1e7, 800.0, 0.0, 0.85, 1, 1},
-        {"H: isentropic end beyond 2275 K", &F::HEXPANSIONPTPEFF, 1e6, 2000.0, 5e7, 0.0, 2, 0},
-        {"T of the same stage is in range", &F::TEXPANSIONPTPEFF, 1e6, 2000.0, 5e7, 0.0, 0, 0},
-        {"V of the same stage is in range", &F::VEXPANSIONPTPEFF, 1e6, 2000.0, 5e7, 0.0, 0, 0},
-        {"THERMCOND at 1100 K", &F::THERMCONDEXPANSIONPTPEFF, 1e5, 1100.0, 1e5, 0.0, 2, 0},
-        {"PRANDTLE at 1100 K", &F::PRANDTLEEXPANSIONPTPEFF, 1e5, 1100.0, 1e5, 0.0, 2, 0},
-        {"DYNVIS at 1100 K", &F::DYNVISEXPANSIONPTPEFF, 1e5, 1100.0, 1e5, 0.0, 0, 0},
-        {"KINVIS at 1100 K", &F::KINVISEXPANSIONPTPEFF, 1e5, 1100.0, 1e5, 0.0, 0, 0},
-        {"DYNVIS at 1180 K", &F::DYNVISEXPANSIONPTPEFF, 1e5, 1180.0, 1e5, 0.0, 2, 0},
-        {"THERMCOND over 70.07 MPa at 780 K", &F::THERMCONDEXPANSIONPTPEFF, 7.1e7, 780.0, 7.1e7, 0.0, 2, 0},
-        {"THERMCOND at 70.05 MPa, 780 K", &F::THERMCONDEXPANSIONPTPEFF, 7.005e7, 780.0, 7.005e7, 0.0, 0, 0},
-        {"X of a superheated end", &F::XEXPANSIONPTPEFF, 1e7, 800.0, 5e6, 0.85, 2, 2},
-        {"T of a wet end", &F::TEXPANSIONPTPEFF, 1e7, 800.0, 1e4, 0.85, 0, 0},
-    };
-    for (int checks : {1, 0}) {
-        lib.SETCHECKRANGEMODE(checks);
-        for (const CodeCase& c : cases) {
-            const double result = call(lib, c.f, c.p, c.T, c.p2, c.eff);
-            EXPECT_EQ(lastError(), checks ? c.withChecks : c.withoutChecks) << c.what << ", checks " << checks;
-            if (lastError() != 0) {
-                EXPECT_EQ(result, -1.0) << c.what;
-            } else {
-                EXPECT_TRUE(std::isfinite(result)) << c.what;
-            }
-        }
-    }
-}
-
 }  // namespace
