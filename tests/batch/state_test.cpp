@@ -1,5 +1,5 @@
 // tvlxSTATE through its C interface, also in the sanitized builds: wet states by every pair over
-// the whole saturation line, the array form against the single one, and hostile arguments.
+// the whole saturation line and hostile arguments (the array form is tested from Python).
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -39,22 +39,6 @@ TEST(State, WetStatesByEveryPairAlongTheSaturationLine) {
             }
         }
     }
-}
-
-TEST(State, ArrayFormGivesTheSingleStates) {
-    const std::vector<double> h = {1e5, 2.5e6, 3.2e6, 1.8e6}, s = {300.0, 7000.0, 6800.0, 4000.0};
-    std::vector<double> values(h.size() * TVLX_STATE_COUNT);
-    std::vector<int32_t> codes(values.size());
-    EXPECT_EQ(tvlxSTATES("HS", 4, h.data(), s.data(), values.data(), codes.data()), 0);
-    for (size_t k = 0; k < h.size(); ++k) {
-        const State one = stateOf("hs", h[k], s[k]);
-        for (int j = 0; j < TVLX_STATE_COUNT; ++j) {
-            EXPECT_EQ(values[k * TVLX_STATE_COUNT + j], one.values[j]) << k << " " << tvlxSTATENAME(j);
-            EXPECT_EQ(codes[k * TVLX_STATE_COUNT + j], one.codes[j]) << k << " " << tvlxSTATENAME(j);
-        }
-    }
-    EXPECT_EQ(stateOf("pT", 1e6, 500.0).codes[TVLX_X], TVLX_NOT_WET);
-    EXPECT_EQ(tvlxSTATENAME(TVLX_STATE_COUNT), nullptr);
 }
 
 TEST(State, HostileArgumentsGetTheirCodes) {

@@ -34,13 +34,6 @@ def number_of(name):
 
 @needs_arrays
 class ArrayTest(unittest.TestCase):
-    def test_array_in_array_out_equal_to_plain_calls(self):
-        p = np.array([1e5, 1e6, 1e7, 5e7])
-        h = tavlib6.HPT(p, 500.0)
-        self.assertIsInstance(h, np.ndarray)
-        self.assertEqual(h.shape, (4,))
-        self.assertEqual(h.tolist(), [tavlib6.HPT(pk, 500.0) for pk in p.tolist()])
-
     def test_broadcasting(self):
         p = np.array([[1e5], [1e6]])
         T = np.array([400.0, 500.0, 600.0])

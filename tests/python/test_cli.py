@@ -18,8 +18,6 @@ class CommandTest(unittest.TestCase):
         self.assertEqual(run.returncode, 0)
         self.assertEqual(run.stdout.strip(), '0.00100215168')
         self.assertEqual(tvl('-p', '17', 'V1PT', '3e6', '300').stdout.strip(), '0.0010021516796866945')
-
-    def test_precision_option(self):
         self.assertEqual(tvl('-p', '6', 'PST', '273.15').stdout.strip(), '611.213')
 
     def test_name_with_prefix_in_any_case(self):

@@ -61,15 +61,6 @@ class ResourceTextTest(unittest.TestCase):
 
 
 class ExportListTest(unittest.TestCase):
-    def test_module_definition_files_list_every_export_in_order(self):
-        names = ['tvl' + name for name, *_ in EXPORTS]
-        for file, decorated in (('tavlib6.def', False), ('tavlib6_x86.def', True)):
-            lines = read('src', 'exports', file).splitlines()
-            self.assertIn('EXPORTS', lines, file)
-            listed = [line.strip() for line in lines[lines.index('EXPORTS') + 1:] if line.strip()]
-            self.assertEqual([n.split('@')[0] for n in listed], names, file)
-            self.assertEqual(all('@' in n for n in listed), decorated, file)
-
     def test_stdcall_sizes_count_the_argument_bytes(self):
         listed = read('src', 'exports', 'tavlib6_x86.def')
         for name, size in (('tvlGETLASTERROR', 0), ('tvlSETLASTERROR', 4), ('tvlPST', 8), ('tvlH1PT', 16),
