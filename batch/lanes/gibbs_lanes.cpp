@@ -19,6 +19,7 @@
 #include "lanes/kernels.h"
 #include "frame/validators.h"
 #include "water/formulation/constants.h"
+#include "water/formulation/pressure_buckets.h"
 #include "water/formulation/tables/region1_coefficients.h"
 #include "water/formulation/tables/region2_coefficients.h"
 #include "water/formulation/tables/region5_coefficients.h"
@@ -85,45 +86,18 @@ constexpr auto columnI = [](const Residual& t) { return t.I; };
 constexpr auto columnJ = [](const Residual& t) { return t.J; };
 constexpr auto columnJ0 = [](const Ideal& t) { return t.J0; };
 
-// Bounds of the saturation temperature between pressures whose bits share their top 16, as the
-// region selection of the plain calls uses them: a temperature above a bucket's upper bound is
-// steam, below its lower bound liquid, and only in between is the saturation temperature
-// computed. Same bounds, same decisions, the same bits.
-struct SaturationBuckets {
-    static constexpr int kCount = 16 * 16;  // from the lowest saturation pressure up past B23 at 623.15 K
-    static constexpr double kWidening = 1e-6;  // K
-    std::int64_t first;
-    double lower[kCount];  // TSP at the bucket's lower end, less the widening
-    double upper[kCount];  // TSP at its upper end, plus the widening
-
-    static std::int64_t key(double p) {
-        std::uint64_t bits;
-        std::memcpy(&bits, &p, sizeof bits);
-        return static_cast<std::int64_t>(bits >> 48);
-    }
-
-    // The edges from the model's own saturation temperature.
-    SaturationBuckets() : first(key(tvl::kIcePointSaturationPressure)) {
+// The saturation temperature bounded per pressure bucket, as the region selection of the plain
+// calls bounds it: a temperature above a bucket's upper bound is steam, below its lower bound
+// liquid, and only in between is the saturation temperature computed. The bounds come from the
+// model's own TSP, so the decisions, and the bits, are those of the plain calls.
+inline const tvl::PressureBuckets& saturationBuckets() {
+    static const tvl::PressureBuckets buckets = [] {
         const tvl::ModelSettings settings;
         tvl::SolvedState solved;
         const tvl::WaterModel water(settings, solved);
-        for (int k = 0; k < kCount; ++k) {
-            lower[k] = water.TSP(edge(k)) - kWidening;
-            upper[k] = water.TSP(edge(k + 1)) + kWidening;
-        }
-    }
-
-    // The lowest pressure of bucket k.
-    double edge(int k) const {
-        const std::uint64_t bits = static_cast<std::uint64_t>(first + k) << 48;
-        double p;
-        std::memcpy(&p, &bits, sizeof p);
-        return p;
-    }
-};
-
-inline const SaturationBuckets& saturationBuckets() {
-    static const SaturationBuckets buckets;
+        return tvl::PressureBuckets(tvl::kIcePointSaturationPressure, tvl::kP623, 1e-6,
+                                    [&water](double p) { return water.TSP(p); });
+    }();
     return buckets;
 }
 
@@ -486,13 +460,14 @@ HWY_INLINE hn::Mask<D> atOrAboveSaturation(D d, V p, V mT) {
     using DI = hn::RebindToSigned<D>;
     const DI di;
     const hn::RebindToUnsigned<D> du;
-    const SaturationBuckets& buckets = saturationBuckets();
+    const tvl::PressureBuckets& buckets = saturationBuckets();
     const auto key = hn::BitCast(di, hn::ShiftRight<48>(hn::BitCast(du, p)));
-    const auto k = hn::Sub(key, hn::Set(di, buckets.first));
-    const auto inTable = hn::And(hn::Gt(k, hn::Set(di, -1)), hn::Lt(k, hn::Set(di, SaturationBuckets::kCount)));
+    const auto k = hn::Sub(key, hn::Set(di, static_cast<std::int64_t>(buckets.firstKey())));
+    const auto inTable =
+        hn::And(hn::Gt(k, hn::Set(di, -1)), hn::Lt(k, hn::Set(di, static_cast<std::int64_t>(buckets.size()))));
     const auto index = hn::IfThenElseZero(inTable, k);
-    const auto above = hn::Ge(mT, hn::GatherIndex(d, buckets.upper, index));
-    const auto below = hn::Lt(mT, hn::GatherIndex(d, buckets.lower, index));
+    const auto above = hn::Ge(mT, hn::GatherIndex(d, buckets.upperBounds(), index));
+    const auto below = hn::Lt(mT, hn::GatherIndex(d, buckets.lowerBounds(), index));
     const auto decided = hn::And(hn::RebindMask(d, inTable), hn::Or(above, below));
     const auto onTheLine = hn::And(hn::Le(p, hn::Set(d, tvl::kP623)), hn::Ge(p, hn::Set(d, tvl::kIcePointSaturationPressure)));
     if (hn::AllFalse(d, hn::AndNot(decided, onTheLine))) return above;

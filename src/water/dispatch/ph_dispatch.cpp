@@ -3,7 +3,7 @@
 // their known extent in enthalpy, band by band in pressure; an equation is called only close
 // to a boundary, and the saturation line only where the wet area is possible.
 #include "water/dispatch/ph_ps_evaluation.h"
-#include "water/dispatch/pressure_buckets.h"
+#include "water/formulation/pressure_buckets.h"
 #include "water/formulation/constants.h"
 
 namespace tvl {

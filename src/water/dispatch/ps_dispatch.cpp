@@ -2,7 +2,7 @@
 // (p,h) with entropies, then a property at the temperature that the region's backward function
 // finds.
 #include "water/dispatch/ph_ps_evaluation.h"
-#include "water/dispatch/pressure_buckets.h"
+#include "water/formulation/pressure_buckets.h"
 #include "water/formulation/constants.h"
 
 namespace tvl {

@@ -2,10 +2,9 @@
 // slope dp/dT in closed form, and the rough saturated densities that start the region 3
 // density search on the line. Closed-form arithmetic only, no state, no clamping.
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 
 #include "water/formulation/constants.h"
+#include "water/formulation/pressure_buckets.h"
 #include "water/formulation/tables/saturation_coefficients.h"
 #include "water/formulation/water_model.h"
 
@@ -18,6 +17,8 @@ constexpr double kThetaShift = -n[8];  // minus n9
 constexpr double kThetaPole = n[9];     // n10
 constexpr double kTwiceN3 = 2.0 * n[2];
 constexpr double kTwiceN6 = 2.0 * n[5];
+// Far more than the rounding of the closed form, far less than the width of a bucket.
+constexpr double kSaturationTemperatureWidening = 1e-6;  // K
 
 double saturationTemperature(double p) {
     // beta by two square roots, never a general power
@@ -30,43 +31,6 @@ double saturationTemperature(double p) {
     const double sum = n[9] + D;
     return (sum - std::sqrt(sum * sum - 4.0 * (n[9] * D - kThetaShift))) * 0.5;
 }
-
-// Bounds of TSP between pressures whose bits share their top 16 (sign, exponent and four
-// mantissa bits): TSP rises with p, so within a bucket it lies between the values at the
-// bucket's ends, widened by far more than the rounding of the closed form.
-class SaturationTemperatureBuckets {
-public:
-    static constexpr double kWidening = 1e-6;  // K
-
-    SaturationTemperatureBuckets() {
-        for (int k = 0; k <= kCount; ++k) {
-            const uint64_t bits = (first + static_cast<uint64_t>(k)) << 48;
-            double p;
-            std::memcpy(&p, &bits, sizeof p);
-            edges[k] = saturationTemperature(p);
-        }
-    }
-
-    static uint64_t key(double p) {
-        uint64_t bits;
-        std::memcpy(&bits, &p, sizeof bits);
-        return bits >> 48;
-    }
-
-    // Whether mT >= TSP(p) for p in [kIcePointSaturationPressure, kP623].
-    bool atOrAbove(double p, double mT) const {
-        const uint64_t k = key(p) - first;
-        if (k >= kCount) return mT >= saturationTemperature(p);  // outside the table
-        if (mT >= edges[k + 1] + kWidening) return true;
-        if (mT < edges[k] - kWidening) return false;
-        return mT >= saturationTemperature(p);
-    }
-
-private:
-    uint64_t first = key(kIcePointSaturationPressure);
-    static constexpr int kCount = 16 * 16;  // covers up to kP623, about 15 octaves above
-    double edges[kCount + 1];
-};
 
 }  // namespace
 
@@ -82,9 +46,14 @@ double WaterModel::PST(double T) const {
 
 double WaterModel::TSP(double p) const { return saturationTemperature(p); }
 
+// Whether mT >= TSP(p) for p in [kIcePointSaturationPressure, kP623]: TSP bounded per pressure
+// bucket, computed only for temperatures too close to the line to tell.
 bool WaterModel::atOrAboveSaturationTemperature(double p, double mT) const {
-    static const SaturationTemperatureBuckets buckets;  // filled on first use, whatever the load order
-    return buckets.atOrAbove(p, mT);
+    static const PressureBuckets buckets(kIcePointSaturationPressure, kP623, kSaturationTemperatureWidening,
+                                         saturationTemperature);  // filled on first use, whatever the load order
+    const int side = buckets.side(p, mT);
+    if (side != 0) return side > 0;
+    return mT >= saturationTemperature(p);
 }
 
 double WaterModel::DPDTST(double T) const {

@@ -3,7 +3,7 @@
 // here change monotonically with p, so within a bucket each lies between its values at the
 // bucket's ends; the bounds are widened by far more than the rounding of the equations behind
 // them. A value outside the bounds lies on one side of the function for sure, and only a value
-// inside them needs the equation: the selections by (p,h) and (p,s) decide most points so.
+// inside them needs the equation: the selections by (p,T), (p,h) and (p,s) decide most points so.
 #ifndef TAVLIB6_PRESSURE_BUCKETS_H
 #define TAVLIB6_PRESSURE_BUCKETS_H
 
@@ -51,14 +51,20 @@ public:
         return 0;
     }
 
-private:
-    static constexpr uint64_t kMaxCount = 16 * 17;  // 17 octaves, from 611 Pa past 50 MPa
-
+    // The table itself, for code that reads many buckets at once (the batch library's lanes):
+    // the key of the first bucket, the number of buckets and the bounds of bucket k.
     static uint64_t key(double p) {
         uint64_t bits;
         std::memcpy(&bits, &p, sizeof bits);
         return bits >> 48;
     }
+    uint64_t firstKey() const { return first; }
+    uint64_t size() const { return count; }
+    const double* lowerBounds() const { return lower; }
+    const double* upperBounds() const { return upper; }
+
+private:
+    static constexpr uint64_t kMaxCount = 16 * 17;  // 17 octaves, from 611 Pa past 50 MPa
 
     static double pressureAt(uint64_t key) {
         const uint64_t bits = key << 48;
