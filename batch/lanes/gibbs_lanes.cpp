@@ -17,6 +17,7 @@
 #include <utility>
 
 #include "lanes/kernels.h"
+#include "lanes/lane_ops.h"
 #include "frame/validators.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/pressure_buckets.h"
@@ -114,39 +115,12 @@ namespace tvlx::lanes::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 using namespace tvlx::lanes::terms;
 
-using D = hn::ScalableTag<double>;
-using V = hn::Vec<D>;
-
 constexpr double R = tvl::kGasConstant;
-
-// base^k for k = 0 .. Reach, each the previous times base; base^-k as 1 / base^k, divided where
-// a term reads it (the compiler keeps one division per exponent).
-template <int Reach>
-struct Powers {
-    V up[Reach + 1];
-
-    HWY_INLINE void fill(D d, V base) {
-        up[0] = hn::Set(d, 1.0);
-        for (int k = 0; k < Reach; ++k) up[k + 1] = hn::Mul(up[k], base);
-    }
-
-    template <int E>
-    HWY_INLINE V at(D d) const {
-        static_assert(E <= Reach && -E <= Reach, "power beyond the table");
-        if constexpr (E >= 0) return up[E];
-        else return hn::Div(hn::Set(d, 1.0), up[-E]);
-    }
-};
 
 struct Sums {
     V g, gPi, gPiPi, gTau, gTauTau, gPiTau;
     explicit Sums(D d) : g(hn::Zero(d)), gPi(g), gPiPi(g), gTau(g), gTauTau(g), gPiTau(g) {}
 };
-
-// acc + (c x) y, or acc - (c x) y: one term of a sum, rounded as c * x(..) * y(..) is.
-HWY_INLINE V plus(D d, V acc, double c, V x, V y) { return hn::Add(acc, hn::Mul(hn::Mul(hn::Set(d, c), x), y)); }
-HWY_INLINE V plus(D d, V acc, double c, V x) { return hn::Add(acc, hn::Mul(hn::Set(d, c), x)); }
-HWY_INLINE V minus(D d, V acc, double c, V x, V y) { return hn::Sub(acc, hn::Mul(hn::Mul(hn::Set(d, c), x), y)); }
 
 // One residual term into the wanted sums. Region 1 forms gamma_pi and gamma_pitau by subtracting
 // n I ... (its pi runs backwards in x = 7.1 - pi); regions 2 and 5 add.
@@ -204,14 +178,6 @@ HWY_INLINE Sums combined(D d, V pi, const Sums& ideal, const Sums& residual, V l
     if constexpr ((Wanted & kTauTau) != 0) s.gTauTau = hn::Add(ideal.gTauTau, residual.gTauTau);
     if constexpr ((Wanted & kPiTau) != 0) s.gPiTau = residual.gPiTau;
     return s;
-}
-
-// ln pi lane by lane, by the scalar logarithm of the plain call.
-HWY_INLINE V logarithm(D d, V pi) {
-    HWY_ALIGN double lanes[hn::MaxLanes(d)];
-    hn::Store(pi, d, lanes);
-    for (std::size_t k = 0; k < hn::Lanes(d); ++k) lanes[k] = std::log(lanes[k]);
-    return hn::Load(d, lanes);
 }
 
 struct Point {
@@ -474,7 +440,7 @@ HWY_INLINE hn::Mask<D> atOrAboveSaturation(D d, V p, V mT) {
     return hn::Or(hn::And(decided, above), hn::AndNot(decided, hn::Ge(mT, saturationTemperature(d, p))));
 }
 
-HWY_INLINE V classifyLanes(D d, V p, V T, double m, bool checks) {
+HWY_INLINE V classifyLanes(D d, V p, V T, double m, bool checks, double region3) {
     const auto c = [d](double value) { return hn::Set(d, value); };
     const V inf = c(HUGE_VAL);
     const V mT = hn::Mul(c(m), T);
@@ -482,7 +448,7 @@ HWY_INLINE V classifyLanes(D d, V p, V T, double m, bool checks) {
     V b23Side = hn::IfThenElse(hn::Le(T, c(tvl::kRegion13Temperature)), c(1.0), c(2.0));
     if (!hn::AllFalse(d, hn::And(hn::Gt(p, c(tvl::kP623)), hn::Gt(T, c(tvl::kRegion13Temperature)))))
         b23Side = hn::IfThenElse(hn::Le(T, c(tvl::kRegion13Temperature)), c(1.0),
-                                 hn::IfThenElse(hn::Gt(b23Temperature(d, p), mT), c(0.0), c(2.0)));
+                                 hn::IfThenElse(hn::Gt(b23Temperature(d, p), mT), c(region3), c(2.0)));
     const V saturationSide = hn::IfThenElse(hn::Lt(p, c(tvl::kIcePointSaturationPressure)), c(2.0),
                                             hn::IfThenElse(atOrAboveSaturation(d, p, mT), c(2.0), c(1.0)));
     V region = hn::IfThenElse(hn::Le(p, c(tvl::kP623)), saturationSide, b23Side);
@@ -503,7 +469,13 @@ HWY_INLINE V classifyLanes(D d, V p, V T, double m, bool checks) {
 
 void Classify(const double* p, const double* T, double* region, std::size_t count, double tolerance, bool checks) {
     const double m = 1.0 + tolerance;
-    overArrays(p, T, region, count, [m, checks](D d, V pv, V Tv) { return classifyLanes(d, pv, Tv, m, checks); });
+    overArrays(p, T, region, count, [m, checks](D d, V pv, V Tv) { return classifyLanes(d, pv, Tv, m, checks, 0.0); });
+}
+
+void ClassifyWithRegion3(const double* p, const double* T, double* region, std::size_t count, double tolerance,
+                         bool checks) {
+    const double m = 1.0 + tolerance;
+    overArrays(p, T, region, count, [m, checks](D d, V pv, V Tv) { return classifyLanes(d, pv, Tv, m, checks, 3.0); });
 }
 
 // ---- The saturation line ----
@@ -566,14 +538,18 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
     overArrays(T, T, out, count, [](D d, V Tv, V) { return saturationSlope(d, Tv); });
 }
 
+extern const SearchKernel kRegion3Kernels[kPropertyCount];  // region3_lanes.cpp
+
 template <std::size_t... P>
 constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
     return {path,
             &Classify,
+            &ClassifyWithRegion3,
             {&Region1Kernel<P>...},
             {&Region2Kernel<P>...},
             {&Region5Kernel<P>...},
-            {&PressureKernel, &TemperatureKernel, &SlopeKernel}};
+            {&PressureKernel, &TemperatureKernel, &SlopeKernel},
+            kRegion3Kernels};
 }
 
 const KernelSet* Kernels() {

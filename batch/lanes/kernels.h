@@ -23,13 +23,27 @@ using PointKernel = void (*)(const double* p, const double* T, double* out, std:
 using Classifier = void (*)(const double* p, const double* T, double* region, std::size_t count, double tolerance,
                             bool checks);
 
+// The settings that the density search of region 3 reads.
+struct Search {
+    double tolerance;
+    int maxIterations;
+    bool refining;  // toleranceMode on: Newton steps from the fitted start
+};
+
+// Region 3 by (p,T): out[k] = the property at the density that the plain call's search finds at
+// (p[k], T[k]), and failed[k] = 1.0 where that search runs out of iterations (else 0.0).
+using SearchKernel = void (*)(const double* p, const double* T, double* out, double* failed, std::size_t count,
+                              const Search& search);
+
 struct KernelSet {
     const char* path;
     Classifier classify;
+    Classifier classifyWithRegion3;  // as classify, but region 3 named 3 instead of 0
     PointKernel region1[kPropertyCount];
     PointKernel region2[kPropertyCount];
     PointKernel region5[kPropertyCount];
     PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
+    const SearchKernel* region3;  // one per Property
 };
 
 // The kernels of one instruction set, or null where it was not compiled.

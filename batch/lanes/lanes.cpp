@@ -28,7 +28,7 @@ constexpr int kLine = -1;   // and of the saturation line
 
 struct Export {
     const char* name;
-    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine
+    int region;  // 1, 2, 3 or 5 for a region's own export, kFamily, kLine
     int kernel;  // the Property, or on the line the Line
     double (*plain)(double, double);
     double (tvl::PropertyFacade::*method)(double, double) noexcept;
@@ -56,6 +56,7 @@ namespace {
 const Export kExports[] = {
     TVLX_REGION_EXPORTS(1),
     TVLX_REGION_EXPORTS(2),
+    TVLX_REGION_EXPORTS(3),
     TVLX_REGION_EXPORTS(5),
     TVLX_EXPORT(VPT, kFamily, kVolume),
     TVLX_EXPORT(DPT, kFamily, kDensity),
@@ -101,17 +102,22 @@ struct Settings {
     double tolerance;
     bool checks;
     bool known;  // false: the library object's tolerance is not finite, which its export cannot tell
+    Search search;  // region 3
 };
 
-// What the export reads: regions' own exports nothing, the saturation line the range test, the
-// (p,T) family the tolerance as well.
+// What the export reads: the own exports of regions 1, 2, 5 nothing, the saturation line the
+// range test, region 3 the density search's settings, the (p,T) family all of these.
 Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
-    if (e.region > 0) return {0.0, false, true};
-    if (facade != nullptr) return {facade->settings.tolerance, facade->settings.checksOn(), true};
+    if (e.region > 0 && e.region != 3) return {0.0, false, true, {}};
+    if (facade != nullptr) {
+        const tvl::ModelSettings& s = facade->settings;
+        return {s.tolerance, s.checksOn(), true, {s.tolerance, s.maxIterations, s.refining()}};
+    }
     const bool checks = tvlGETCHECKRANGEMODE() != 0;
-    if (e.region == kLine) return {0.0, checks, true};
+    if (e.region == kLine) return {0.0, checks, true, {}};
+    const Search search{0.0, tvlGETMAXITERATION(), tvlGETTOLERANCEMODE() != 0};
     const double tolerance = tvlGETTOLERANCE();
-    return {tolerance, checks, tvlGETLASTERROR() == 0};
+    return {tolerance, checks, tvlGETLASTERROR() == 0, {tolerance, search.maxIterations, search.refining}};
 }
 
 // ---- A slice in blocks ----
@@ -168,16 +174,34 @@ PointKernel kernelOf(const KernelSet& set, int region, int property) {
     return region == 1 ? set.region1[property] : region == 2 ? set.region2[property] : set.region5[property];
 }
 
+// Region 3 points through the density search: those whose search runs out of iterations get
+// code 3, the others the finiteness test.
+void searchedPoints(SliceRun& run, const KernelSet& set, const Settings& settings, int64_t start, const double* p,
+                    const double* T, const int* index, int count) {
+    double out[kBlock], failed[kBlock];
+    int found[kBlock];
+    set.region3[run.e.kernel](p, T, out, failed, static_cast<std::size_t>(count), settings.search);
+    int n = 0;
+    for (int k = 0; k < count; ++k) {
+        const int at = index != nullptr ? index[k] : k;
+        if (failed[k] != 0.0) run.point(start + at, -1.0, tvl::kRootNotFound);
+        out[n] = out[k];
+        found[n] = at;
+        n += failed[k] != 0.0 ? 0 : 1;
+    }
+    run.computed(start, out, found, n);
+}
+
 // A block of the (p,T) family: sorted by region, each region's points through its kernel.
 void familyBlock(SliceRun& run, const KernelSet& set, const Settings& settings, int64_t start, const double* p,
                  const double* T, int count) {
     double region[kBlock];
-    set.classify(p, T, region, static_cast<std::size_t>(count), settings.tolerance, settings.checks);
+    set.classifyWithRegion3(p, T, region, static_cast<std::size_t>(count), settings.tolerance, settings.checks);
     for (int k = 0; k < count; ++k) {
         if (region[k] == -1.0) run.point(start + k, -1.0, tvl::kOutOfRange);
         if (region[k] == 0.0) run.byPlainCall(start + k, p[k], T[k]);
     }
-    for (int r : {1, 2, 5}) {
+    for (int r : {1, 2, 3, 5}) {
         double rp[kBlock], rT[kBlock], out[kBlock];
         int index[kBlock];
         int n = 0;
@@ -188,6 +212,10 @@ void familyBlock(SliceRun& run, const KernelSet& set, const Settings& settings, 
             n += region[k] == r ? 1 : 0;
         }
         if (n == 0) continue;
+        if (r == 3) {
+            searchedPoints(run, set, settings, start, rp, rT, index, n);
+            continue;
+        }
         kernelOf(set, r, run.e.kernel)(rp, rT, out, static_cast<std::size_t>(n));
         run.computed(start, out, index, n);
     }
@@ -247,6 +275,10 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         }
         if (e.region == kLine) {
             lineBlock(run, set, settings, start, p, count);
+            continue;
+        }
+        if (e.region == 3) {
+            searchedPoints(run, set, settings, start, p, T, nullptr, count);
             continue;
         }
         kernelOf(set, e.region, e.kernel)(p, T, out, static_cast<std::size_t>(count));

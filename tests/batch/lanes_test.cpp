@@ -37,7 +37,7 @@ double DPDTST(double T, double) { return tvlDPDTST(T); }
     {"V" #r "PT", tvlV##r##PT}, {"D" #r "PT", tvlD##r##PT}, {"U" #r "PT", tvlU##r##PT},                     \
         {"S" #r "PT", tvlS##r##PT}, {"H" #r "PT", tvlH##r##PT}, {"CP" #r "PT", tvlCP##r##PT},               \
         {"CV" #r "PT", tvlCV##r##PT}, {"W" #r "PT", tvlW##r##PT}, {"JOULETHOMPSON" #r "PT", tvlJOULETHOMPSON##r##PT}
-const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(5),
+const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(3), COVERED(5),
                             {"VPT", tvlVPT}, {"DPT", tvlDPT}, {"UPT", tvlUPT}, {"SPT", tvlSPT}, {"HPT", tvlHPT},
                             {"CPPT", tvlCPPT}, {"CVPT", tvlCVPT}, {"WPT", tvlWPT},
                             {"JOULETHOMPSONPT", tvlJOULETHOMPSONPT}, {"PST", PST, true}, {"TSP", TSP},
