@@ -20,6 +20,7 @@ constexpr int kStates = 16384;
 const std::vector<Pair>& statesOf(int region) {
     static const auto r1 = tvlbench::states(1e5, 1e8, 273.15, 623.15, [](double p, double T) { return tvlWATERSTATEAREA2(p, T) == 1; }, kStates);
     static const auto r2 = tvlbench::states(1e3, 1e8, 273.15, 1073.15, [](double p, double T) { return tvlWATERSTATEAREA2(p, T) == 2; }, kStates);
+    static const auto r3 = tvlbench::states(1.65e7, 1e8, 623.15, 863.15, [](double p, double T) { return tvlWATERSTATEAREA2(p, T) == 3; }, kStates);
     static const auto r5 = tvlbench::states(1e3, 5e7, 1073.2, 2273.15, [](double, double) { return true; }, kStates);
     static const auto all = tvlbench::states(1e3, 1e8, 273.15, 2273.15, [](double p, double T) { return T <= 1073.15 || p <= 5e7; }, kStates);
     static const auto no3 = tvlbench::states(1e3, 1e8, 273.15, 2273.15, [](double p, double T) {
@@ -32,6 +33,7 @@ const std::vector<Pair>& statesOf(int region) {
     case 8: return lineP;
     case 1: return r1;
     case 2: return r2;
+    case 3: return r3;
     case 5: return r5;
     case 0: return all;
     default: return no3;
@@ -78,13 +80,14 @@ double tsp(double p, double) { return tvlTSP(p); }
 struct Family {
     const char* name;
     double (*plain)(double, double);
-    int region;  // 1, 2, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p
+    int region;  // 1, 2, 3, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p
     const char* states;
 };
 
 const Family kFamilies[] = {
     {"H1PT", tvlH1PT, 1, "r1"},  {"V1PT", tvlV1PT, 1, "r1"},  {"S1PT", tvlS1PT, 1, "r1"},  {"W1PT", tvlW1PT, 1, "r1"},
     {"H2PT", tvlH2PT, 2, "r2"},  {"V2PT", tvlV2PT, 2, "r2"},  {"S2PT", tvlS2PT, 2, "r2"},  {"W2PT", tvlW2PT, 2, "r2"},
+    {"V3PT", tvlV3PT, 3, "r3"},  {"H3PT", tvlH3PT, 3, "r3"},  {"S3PT", tvlS3PT, 3, "r3"},  {"W3PT", tvlW3PT, 3, "r3"},
     {"H5PT", tvlH5PT, 5, "r5"},  {"V5PT", tvlV5PT, 5, "r5"},  {"S5PT", tvlS5PT, 5, "r5"},  {"W5PT", tvlW5PT, 5, "r5"},
     {"HPT", tvlHPT, 6, "r125"},  {"VPT", tvlVPT, 6, "r125"},  {"SPT", tvlSPT, 6, "r125"},  {"CPPT", tvlCPPT, 6, "r125"},
     {"HPT", tvlHPT, 0, "all"},   {"VPT", tvlVPT, 0, "all"},   {"PST", pst, 7, "line"},      {"TSP", tsp, 8, "line"},

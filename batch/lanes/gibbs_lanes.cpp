@@ -367,23 +367,6 @@ HWY_INLINE V region5Property(D d, V p, V T) {
     }
 }
 
-// A kernel over contiguous arrays; the last partial vector runs on a padded copy.
-template <class Evaluate>
-HWY_INLINE void overArrays(const double* p, const double* T, double* out, std::size_t count, Evaluate evaluate) {
-    const D d;
-    const std::size_t N = hn::Lanes(d);
-    std::size_t k = 0;
-    for (; k + N <= count; k += N) hn::StoreU(evaluate(d, hn::LoadU(d, p + k), hn::LoadU(d, T + k)), d, out + k);
-    if (k == count) return;
-    HWY_ALIGN double pp[hn::MaxLanes(d)], tt[hn::MaxLanes(d)], oo[hn::MaxLanes(d)];
-    for (std::size_t j = 0; j < N; ++j) {
-        pp[j] = k + j < count ? p[k + j] : p[k];
-        tt[j] = k + j < count ? T[k + j] : T[k];
-    }
-    hn::Store(evaluate(d, hn::Load(d, pp), hn::Load(d, tt)), d, oo);
-    for (std::size_t j = 0; k + j < count; ++j) out[k + j] = oo[j];
-}
-
 template <int Property>
 void Region1Kernel(const double* p, const double* T, double* out, std::size_t count) {
     overArrays(p, T, out, count, [](D d, V pv, V Tv) { return region1Property<Property>(d, pv, Tv); });

@@ -1,7 +1,7 @@
 // The arithmetic that every vector kernel shares, compiled once per instruction set (included
 // by the kernel files under Highway's foreach_target): power tables by repeated
-// multiplication, one term of a sum rounded as the scalar term is, and the scalar logarithm
-// lane by lane.
+// multiplication, one term of a sum rounded as the scalar term is, the scalar logarithm lane by
+// lane, and the loop of a kernel over arrays.
 #if defined(TAVLIB6X_LANE_OPS_H_) == defined(HWY_TARGET_TOGGLE)
 #ifdef TAVLIB6X_LANE_OPS_H_
 #undef TAVLIB6X_LANE_OPS_H_
@@ -52,6 +52,23 @@ HWY_INLINE V logarithm(D d, V pi) {
     hn::Store(pi, d, lanes);
     for (std::size_t k = 0; k < hn::Lanes(d); ++k) lanes[k] = std::log(lanes[k]);
     return hn::Load(d, lanes);
+}
+
+// A kernel over contiguous arrays; the last partial vector runs on a padded copy.
+template <class Evaluate>
+HWY_INLINE void overArrays(const double* p, const double* T, double* out, std::size_t count, Evaluate evaluate) {
+    const D d;
+    const std::size_t N = hn::Lanes(d);
+    std::size_t k = 0;
+    for (; k + N <= count; k += N) hn::StoreU(evaluate(d, hn::LoadU(d, p + k), hn::LoadU(d, T + k)), d, out + k);
+    if (k == count) return;
+    HWY_ALIGN double pp[hn::MaxLanes(d)], tt[hn::MaxLanes(d)], oo[hn::MaxLanes(d)];
+    for (std::size_t j = 0; j < N; ++j) {
+        pp[j] = k + j < count ? p[k + j] : p[k];
+        tt[j] = k + j < count ? T[k + j] : T[k];
+    }
+    hn::Store(evaluate(d, hn::Load(d, pp), hn::Load(d, tt)), d, oo);
+    for (std::size_t j = 0; k + j < count; ++j) out[k + j] = oo[j];
 }
 
 }  // namespace tvlx::lanes::HWY_NAMESPACE

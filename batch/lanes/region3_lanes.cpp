@@ -13,6 +13,9 @@
 
 #include "lanes/kernels.h"
 #include "lanes/lane_ops.h"
+#include "water/formulation/constants.h"
+#include "water/formulation/region3_fit.h"
+#include "water/formulation/region3_fit_terms.h"
 #include "water/formulation/region3_helmholtz.h"
 #include "water/formulation/water_model.h"
 
@@ -86,12 +89,114 @@ HWY_INLINE Helmholtz sumsAt(D d, const DeltaPowers& x, const TauPowers& y, V del
 HWY_INLINE V reducedDensity(D d, V rho) { return hn::Div(rho, hn::Set(d, helmholtz::kDensity)); }
 HWY_INLINE V reducedTemperature(D d, V T) { return hn::Div(hn::Set(d, helmholtz::kTemperature), T); }
 
-// The start: the fitted volume of each lane's area, inverted.
-HWY_INLINE V startDensity(D d, const double* p, const double* T) {
-    HWY_ALIGN double volume[hn::MaxLanes(d)];
+// ---- The start: the library's fitted volume, area by area ----
+
+// acc times base^E; a factor base^0 = 1 is left out, which changes no bits.
+template <int E, int Reach>
+HWY_INLINE V times(V acc, const Powers<Reach>& base) {
+    if constexpr (E == 0) return acc;
+    else return hn::Mul(acc, base.up[E]);
+}
+
+struct CriticalLanes {
+    Powers<6> d, t, q2, q4, q8;
+    V theta;
+};
+
+constexpr int thetaExponent(const tvl::roughv3::FitTerm&) { return 0; }
+constexpr int thetaExponent(const tvl::roughv3::ThetaFitTerm& r) { return r.e1; }
+
+// sum + c d^a t^b q2^e2 q4^e4 q8^e8 (theta^e1), multiplied left to right.
+template <const auto& Rows, std::size_t K>
+HWY_INLINE V criticalTerm(D d, V sum, const CriticalLanes& w) {
+    constexpr auto r = Rows[K];
+    V term = times<r.b>(times<r.a>(hn::Set(d, r.c), w.d), w.t);
+    term = times<r.e8>(times<r.e4>(times<r.e2>(term, w.q2), w.q4), w.q8);
+    if constexpr (thetaExponent(r) != 0) term = hn::Mul(term, w.theta);
+    return hn::Add(sum, term);
+}
+
+// The root of |theta| with the sign of theta; zero counts as positive.
+HWY_INLINE V signedRoot(D d, V x, V sign) { return hn::Mul(sign, hn::Sqrt(hn::Abs(x))); }
+
+template <const auto& Rows, const tvl::roughv3::ThetaShape& Shape, std::size_t... K>
+HWY_INLINE V criticalFit(D d, V p, V T, std::index_sequence<K...>) {
+    const auto c = [d](double value) { return hn::Set(d, value); };
+    const V dv = hn::Div(hn::Sub(p, c(22064000.0)), c(1e6));
+    const V tv = hn::Sub(T, c(647.096));
+    CriticalLanes w;
+    w.theta = hn::Add(hn::Add(hn::Add(hn::Mul(hn::Mul(c(Shape.d2), dv), dv), hn::Mul(c(Shape.d1), dv)),
+                              hn::Mul(c(Shape.t1), tv)),
+                      hn::Mul(hn::Mul(c(Shape.t2), tv), tv));
+    const V sign = hn::IfThenElse(hn::Lt(w.theta, hn::Zero(d)), c(-1.0), c(1.0));
+    const V root2 = signedRoot(d, w.theta, sign), root4 = signedRoot(d, root2, sign);
+    w.d.fill(d, dv);
+    w.t.fill(d, tv);
+    w.q2.fill(d, root2);
+    w.q4.fill(d, root4);
+    w.q8.fill(d, signedRoot(d, root4, sign));
+    V sum = hn::Zero(d);
+    ((sum = criticalTerm<Rows, K>(d, sum, w)), ...);
+    return hn::Add(c(tvl::kCriticalVolume), sum);
+}
+
+template <std::size_t... K>
+HWY_INLINE V highPressureFit(D d, V p, V T, std::index_sequence<K...>) {
+    Powers<32> x;
+    Powers<22> y;
+    x.fill(d, hn::Sub(hn::Div(hn::Div(p, hn::Set(d, 1e6)), hn::Set(d, 103.0)), hn::Set(d, 1.0)));
+    y.fill(d, hn::Sub(hn::Div(T, hn::Set(d, 600.0)), hn::Set(d, 1.0)));
+    V sum = hn::Zero(d);
+    const auto term = [&](auto k) {
+        constexpr tvl::roughv3::PlainFitTerm r = tvl::roughv3::kAreaG[decltype(k)::value];
+        sum = hn::Add(sum, times<r.b>(times<r.a>(hn::Set(d, r.c), x), y));
+    };
+    (term(std::integral_constant<std::size_t, K>()), ...);
+    return sum;
+}
+
+template <class Term, std::size_t N>
+constexpr std::make_index_sequence<N> termsOf(const Term (&)[N]) {
+    return {};
+}
+
+template <tvl::RoughV3Area Area>
+HWY_INLINE V fitOfArea(D d, V p, V T) {
+    using namespace tvl::roughv3;
+    if constexpr (Area == tvl::RoughV3Area::A) return criticalFit<kAreaA, kThetaA>(d, p, T, termsOf(kAreaA));
+    if constexpr (Area == tvl::RoughV3Area::B) return criticalFit<kAreaB, kThetaB>(d, p, T, termsOf(kAreaB));
+    if constexpr (Area == tvl::RoughV3Area::C) return criticalFit<kAreaC, kThetaC>(d, p, T, termsOf(kAreaC));
+    if constexpr (Area == tvl::RoughV3Area::D) return criticalFit<kAreaD, kThetaD>(d, p, T, termsOf(kAreaD));
+    if constexpr (Area == tvl::RoughV3Area::E) return criticalFit<kAreaE, kThetaE>(d, p, T, termsOf(kAreaE));
+    if constexpr (Area == tvl::RoughV3Area::F) return criticalFit<kAreaF, kThetaF>(d, p, T, termsOf(kAreaF));
+    if constexpr (Area == tvl::RoughV3Area::G) return highPressureFit(d, p, T, termsOf(kAreaG));
+}
+
+constexpr std::size_t kChunk = 256;
+
+// The fitted volume of each point: its area chosen as the plain fit chooses it, then each
+// area's fit in lanes over the points of that area.
+template <int... A>
+void fittedVolumes(const double* p, const double* T, double* v, std::size_t count, std::integer_sequence<int, A...>) {
     const tvl::WaterModel& water = region3::fitModel();
-    for (std::size_t k = 0; k < hn::Lanes(d); ++k) volume[k] = water.RoughV3PT(p[k], T[k]);
-    return hn::Div(hn::Set(d, 1.0), hn::Load(d, volume));
+    int area[kChunk];
+    for (std::size_t k = 0; k < count; ++k) area[k] = static_cast<int>(tvl::roughV3Area(water, p[k], T[k]));
+    const auto one = [&](auto a) {
+        double ap[kChunk], aT[kChunk], av[kChunk];
+        std::size_t index[kChunk], n = 0;
+        for (std::size_t k = 0; k < count; ++k) {  // without branches, as the areas alternate
+            ap[n] = p[k];
+            aT[n] = T[k];
+            index[n] = k;
+            n += area[k] == decltype(a)::value ? 1 : 0;
+        }
+        if (n == 0) return;
+        overArrays(ap, aT, av, n, [](D d, V pv, V Tv) {
+            return fitOfArea<static_cast<tvl::RoughV3Area>(decltype(a)::value)>(d, pv, Tv);
+        });
+        for (std::size_t j = 0; j < n; ++j) v[index[j]] = av[j];
+    };
+    (one(std::integral_constant<int, A>()), ...);
 }
 
 struct Found {
@@ -174,16 +279,26 @@ HWY_INLINE V propertyAt(D d, V rho, V T) {
 template <int Property>
 void Region3Kernel(const double* p, const double* T, double* out, double* failed, std::size_t count,
                    const Search& search) {
+    if (count > kChunk) {
+        for (std::size_t k = 0; k < count; k += kChunk)
+            Region3Kernel<Property>(p + k, T + k, out + k, failed + k, count - k < kChunk ? count - k : kChunk, search);
+        return;
+    }
     const D d;
     const std::size_t N = hn::Lanes(d);
-    HWY_ALIGN double pp[hn::MaxLanes(d)], tt[hn::MaxLanes(d)], oo[hn::MaxLanes(d)], ff[hn::MaxLanes(d)];
+    double volume[kChunk];
+    fittedVolumes(p, T, volume, count, std::make_integer_sequence<int, 7>());
+    HWY_ALIGN double pp[hn::MaxLanes(d)], tt[hn::MaxLanes(d)], vv[hn::MaxLanes(d)], oo[hn::MaxLanes(d)],
+        ff[hn::MaxLanes(d)];
     for (std::size_t k = 0; k < count; k += N) {
         for (std::size_t j = 0; j < N; ++j) {
-            pp[j] = k + j < count ? p[k + j] : p[k];
-            tt[j] = k + j < count ? T[k + j] : T[k];
+            const std::size_t at = k + j < count ? k + j : k;
+            pp[j] = p[at];
+            tt[j] = T[at];
+            vv[j] = volume[at];
         }
         const V pv = hn::Load(d, pp), Tv = hn::Load(d, tt);
-        Found found{startDensity(d, pp, tt), hn::FirstN(d, 0)};
+        Found found{hn::Div(hn::Set(d, 1.0), hn::Load(d, vv)), hn::FirstN(d, 0)};
         if (search.refining) found = densitySearch(d, pv, Tv, found.rho, search);
         hn::Store(propertyAt<Property>(d, found.rho, Tv), d, oo);
         hn::Store(hn::IfThenElseZero(found.failed, hn::Set(d, 1.0)), d, ff);
