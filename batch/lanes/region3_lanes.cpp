@@ -49,41 +49,59 @@ using TauPowers = Powers<helmholtz::kReachTau>;
 
 struct Helmholtz {
     V phi, phiDelta, phiDeltaDelta, phiTau, phiTauTau, phiDeltaTau;
-    explicit Helmholtz(D d) : phi(hn::Zero(d)), phiDelta(phi), phiDeltaDelta(phi), phiTau(phi), phiTauTau(phi),
-                              phiDeltaTau(phi) {}
 };
 
-template <unsigned Wanted, std::size_t K>
-HWY_INLINE void helmholtzTerm(D d, Helmholtz& s, const DeltaPowers& x, const TauPowers& y) {
+// The reduced variables and their powers at M points of a vector each.
+template <int M>
+struct HelmholtzGroup {
+    V delta[M], tau[M];
+    DeltaPowers x[M];
+    TauPowers y[M];
+    Helmholtz f[M];
+};
+
+// Term K of every point of the group: the M vectors' sums are independent chains of additions,
+// which the processor overlaps.
+template <unsigned Wanted, std::size_t K, int M>
+HWY_INLINE void helmholtzTerm(D d, HelmholtzGroup<M>& g) {
     constexpr helmholtz::HelmholtzRow r = helmholtz::kRows[K];
-    if constexpr ((Wanted & tvl::kPhi) != 0) s.phi = plus(d, s.phi, r.n, x.at<r.I>(d), y.at<r.J>(d));
-    if constexpr ((Wanted & tvl::kPhiDelta) != 0)
-        s.phiDelta = plus(d, s.phiDelta, r.nI, x.at<r.I - 1>(d), y.at<r.J>(d));
-    if constexpr ((Wanted & tvl::kPhiDeltaDelta) != 0)
-        s.phiDeltaDelta = plus(d, s.phiDeltaDelta, r.nII, x.at<r.I - 2>(d), y.at<r.J>(d));
-    if constexpr ((Wanted & tvl::kPhiTau) != 0) s.phiTau = plus(d, s.phiTau, r.nJ, x.at<r.I>(d), y.at<r.J - 1>(d));
-    if constexpr ((Wanted & tvl::kPhiTauTau) != 0)
-        s.phiTauTau = plus(d, s.phiTauTau, r.nJJ, x.at<r.I>(d), y.at<r.J - 2>(d));
-    if constexpr ((Wanted & tvl::kPhiDeltaTau) != 0)
-        s.phiDeltaTau = plus(d, s.phiDeltaTau, r.nIJ, x.at<r.I - 1>(d), y.at<r.J - 1>(d));
+    for (int m = 0; m < M; ++m) {
+        Helmholtz& s = g.f[m];
+        const DeltaPowers& x = g.x[m];
+        const TauPowers& y = g.y[m];
+        if constexpr ((Wanted & tvl::kPhi) != 0) s.phi = plus(d, s.phi, r.n, x.at<r.I>(d), y.at<r.J>(d));
+        if constexpr ((Wanted & tvl::kPhiDelta) != 0)
+            s.phiDelta = plus(d, s.phiDelta, r.nI, x.at<r.I - 1>(d), y.at<r.J>(d));
+        if constexpr ((Wanted & tvl::kPhiDeltaDelta) != 0)
+            s.phiDeltaDelta = plus(d, s.phiDeltaDelta, r.nII, x.at<r.I - 2>(d), y.at<r.J>(d));
+        if constexpr ((Wanted & tvl::kPhiTau) != 0)
+            s.phiTau = plus(d, s.phiTau, r.nJ, x.at<r.I>(d), y.at<r.J - 1>(d));
+        if constexpr ((Wanted & tvl::kPhiTauTau) != 0)
+            s.phiTauTau = plus(d, s.phiTauTau, r.nJJ, x.at<r.I>(d), y.at<r.J - 2>(d));
+        if constexpr ((Wanted & tvl::kPhiDeltaTau) != 0)
+            s.phiDeltaTau = plus(d, s.phiDeltaTau, r.nIJ, x.at<r.I - 1>(d), y.at<r.J - 1>(d));
+    }
 }
 
 // The 39 terms in table order, then the logarithm term, as the scalar sums form them.
-template <unsigned Wanted, std::size_t... K>
-HWY_INLINE Helmholtz helmholtzSums(D d, const DeltaPowers& x, const TauPowers& y, V delta, std::index_sequence<K...>) {
-    Helmholtz s(d);
-    (helmholtzTerm<Wanted, K>(d, s, x, y), ...);
+template <unsigned Wanted, int M, std::size_t... K>
+HWY_INLINE void helmholtzSums(D d, HelmholtzGroup<M>& g, std::index_sequence<K...>) {
+    for (int m = 0; m < M; ++m) g.f[m] = {hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d)};
+    (helmholtzTerm<Wanted, K>(d, g), ...);
     const V n1 = hn::Set(d, tvl::kRegion3LogCoefficient);
-    if constexpr ((Wanted & tvl::kPhi) != 0) s.phi = hn::Add(s.phi, hn::Mul(n1, logarithm(d, delta)));
-    if constexpr ((Wanted & tvl::kPhiDelta) != 0) s.phiDelta = hn::Add(s.phiDelta, hn::Div(n1, delta));
-    if constexpr ((Wanted & tvl::kPhiDeltaDelta) != 0)
-        s.phiDeltaDelta = hn::Sub(s.phiDeltaDelta, hn::Div(n1, hn::Mul(delta, delta)));
-    return s;
+    for (int m = 0; m < M; ++m) {
+        Helmholtz& s = g.f[m];
+        const V delta = g.delta[m];
+        if constexpr ((Wanted & tvl::kPhi) != 0) s.phi = hn::Add(s.phi, hn::Mul(n1, logarithm(d, delta)));
+        if constexpr ((Wanted & tvl::kPhiDelta) != 0) s.phiDelta = hn::Add(s.phiDelta, hn::Div(n1, delta));
+        if constexpr ((Wanted & tvl::kPhiDeltaDelta) != 0)
+            s.phiDeltaDelta = hn::Sub(s.phiDeltaDelta, hn::Div(n1, hn::Mul(delta, delta)));
+    }
 }
 
-template <unsigned Wanted>
-HWY_INLINE Helmholtz sumsAt(D d, const DeltaPowers& x, const TauPowers& y, V delta) {
-    return helmholtzSums<Wanted>(d, x, y, delta, std::make_index_sequence<helmholtz::kRows.size()>());
+template <unsigned Wanted, int M>
+HWY_INLINE void sumsAt(D d, HelmholtzGroup<M>& g) {
+    helmholtzSums<Wanted>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
 }
 
 HWY_INLINE V reducedDensity(D d, V rho) { return hn::Div(rho, hn::Set(d, helmholtz::kDensity)); }
@@ -199,63 +217,63 @@ void fittedVolumes(const double* p, const double* T, double* v, std::size_t coun
     (one(std::integral_constant<int, A>()), ...);
 }
 
-struct Found {
-    V rho;
-    hn::Mask<D> failed;
-};
-
 // Newton on the density along the isotherm, as the plain search: the cap tested before the
-// convergence test, the residual tested the one before the step, the step always taken.
-HWY_INLINE Found densitySearch(D d, V p, V T, V rho, const Search& search) {
-    const V limit = hn::Mul(p, hn::Set(d, search.tolerance));
-    TauPowers y;
-    y.fill(d, reducedTemperature(d, T));
+// convergence test, the residual tested the one before the step, the step always taken. On
+// return failed[m] holds the lanes that ran out of iterations.
+template <int M>
+HWY_INLINE void densitySearch(D d, const V* p, const V* T, V* rho, hn::Mask<D>* failed, const Search& search) {
+    HelmholtzGroup<M> g;
+    V limit[M];
+    hn::Mask<D> running[M];
+    for (int m = 0; m < M; ++m) {
+        limit[m] = hn::Mul(p[m], hn::Set(d, search.tolerance));
+        g.y[m].fill(d, reducedTemperature(d, T[m]));
+        running[m] = hn::FirstN(d, hn::Lanes(d));
+    }
     const V r = hn::Set(d, R), two = hn::Set(d, 2.0);
-    auto running = hn::FirstN(d, hn::Lanes(d));
     for (int i = 1;; ++i) {
-        const V delta = reducedDensity(d, rho);
-        DeltaPowers x;
-        x.fill(d, delta);
-        const Helmholtz f = sumsAt<tvl::kPhiDelta | tvl::kPhiDeltaDelta>(d, x, y, delta);
-        const V residual = hn::Sub(hn::Mul(hn::Mul(hn::Mul(hn::Mul(rho, r), T), delta), f.phiDelta), p);
-        const V slope =
-            hn::Mul(hn::Mul(hn::Mul(hn::Add(hn::Mul(two, f.phiDelta), hn::Mul(delta, f.phiDeltaDelta)), delta), r), T);
-        if (i >= search.maxIterations) return {rho, running};
-        rho = hn::IfThenElse(running, hn::Sub(rho, hn::Div(residual, slope)), rho);
-        running = hn::And(running, hn::Gt(hn::Abs(residual), limit));
-        if (hn::AllFalse(d, running)) return {rho, running};
+        for (int m = 0; m < M; ++m) {
+            g.delta[m] = reducedDensity(d, rho[m]);
+            g.x[m].fill(d, g.delta[m]);
+        }
+        sumsAt<tvl::kPhiDelta | tvl::kPhiDeltaDelta>(d, g);
+        bool stopped = true;
+        for (int m = 0; m < M; ++m) {
+            const Helmholtz& f = g.f[m];
+            const V delta = g.delta[m];
+            const V residual = hn::Sub(hn::Mul(hn::Mul(hn::Mul(hn::Mul(rho[m], r), T[m]), delta), f.phiDelta), p[m]);
+            const V slope = hn::Mul(
+                hn::Mul(hn::Mul(hn::Add(hn::Mul(two, f.phiDelta), hn::Mul(delta, f.phiDeltaDelta)), delta), r), T[m]);
+            if (i >= search.maxIterations) {
+                failed[m] = running[m];
+                continue;
+            }
+            rho[m] = hn::IfThenElse(running[m], hn::Sub(rho[m], hn::Div(residual, slope)), rho[m]);
+            running[m] = hn::And(running[m], hn::Gt(hn::Abs(residual), limit[m]));
+            stopped = stopped && hn::AllFalse(d, running[m]);
+        }
+        if (stopped || i >= search.maxIterations) return;
     }
 }
 
 // The property of the (p,T) family at (rho, T), as the scalar (density, T) equations form it.
 template <int Property>
-HWY_INLINE V propertyAt(D d, V rho, V T) {
-    using namespace tvl;
-    if constexpr (Property == kVolume) return hn::Div(hn::Set(d, 1.0), rho);
-    if constexpr (Property == kDensity) return rho;
+constexpr unsigned kWanted = Property == kInternalEnergy ? tvl::kPhiTau
+                             : Property == kEntropy      ? tvl::kPhi | tvl::kPhiTau
+                             : Property == kEnthalpy     ? tvl::kPhiDelta | tvl::kPhiTau
+                             : Property == kIsochoricHeat
+                                 ? tvl::kPhiTauTau
+                                 : tvl::kPhiDelta | tvl::kPhiDeltaDelta | tvl::kPhiTauTau | tvl::kPhiDeltaTau;
+
+template <int Property>
+HWY_INLINE V composed(D d, const Helmholtz& f, V delta, V tau, V rho, V T) {
     const auto c = [d](double value) { return hn::Set(d, value); };
-    const V delta = reducedDensity(d, rho), tau = reducedTemperature(d, T);
-    DeltaPowers x;
-    TauPowers y;
-    x.fill(d, delta);
-    y.fill(d, tau);
-    constexpr unsigned kCaloric = kPhiDelta | kPhiDeltaDelta | kPhiTauTau | kPhiDeltaTau;
-    if constexpr (Property == kInternalEnergy)
-        return hn::Mul(c(helmholtz::kRTc), sumsAt<kPhiTau>(d, x, y, delta).phiTau);
-    if constexpr (Property == kEntropy) {
-        const Helmholtz f = sumsAt<kPhi | kPhiTau>(d, x, y, delta);
-        return hn::Mul(hn::Sub(hn::Mul(tau, f.phiTau), f.phi), c(R));
-    }
-    if constexpr (Property == kEnthalpy) {
-        const Helmholtz f = sumsAt<kPhiDelta | kPhiTau>(d, x, y, delta);
+    if constexpr (Property == kInternalEnergy) return hn::Mul(c(helmholtz::kRTc), f.phiTau);
+    if constexpr (Property == kEntropy) return hn::Mul(hn::Sub(hn::Mul(tau, f.phiTau), f.phi), c(R));
+    if constexpr (Property == kEnthalpy)
         return hn::Mul(hn::Mul(hn::Add(hn::Mul(tau, f.phiTau), hn::Mul(delta, f.phiDelta)), c(R)), T);
-    }
-    if constexpr (Property == kIsochoricHeat) {
-        const Helmholtz f = sumsAt<kPhiTauTau>(d, x, y, delta);
-        return hn::Mul(hn::Mul(hn::Mul(hn::Neg(tau), tau), f.phiTauTau), c(R));
-    }
+    if constexpr (Property == kIsochoricHeat) return hn::Mul(hn::Mul(hn::Mul(hn::Neg(tau), tau), f.phiTauTau), c(R));
     if constexpr (Property == kIsobaricHeat || Property == kSpeedOfSound) {
-        const Helmholtz f = sumsAt<kCaloric>(d, x, y, delta);
         const V D2 = hn::Add(hn::Mul(hn::Mul(c(2.0), delta), f.phiDelta), hn::Mul(hn::Mul(delta, delta), f.phiDeltaDelta));
         const V E = hn::Sub(hn::Mul(delta, f.phiDelta), hn::Mul(hn::Mul(delta, tau), f.phiDeltaTau));
         const V tauTauPhi = hn::Mul(hn::Mul(tau, tau), f.phiTauTau);
@@ -263,7 +281,6 @@ HWY_INLINE V propertyAt(D d, V rho, V T) {
         else return hn::Sqrt(hn::Mul(hn::Mul(hn::Sub(D2, hn::Div(hn::Mul(E, E), tauTauPhi)), c(R)), T));
     }
     if constexpr (Property == kJouleThomson) {
-        const Helmholtz f = sumsAt<kCaloric>(d, x, y, delta);
         const V a = hn::Sub(f.phiDelta, hn::Mul(tau, f.phiDeltaTau));
         const V numerator = hn::Add(hn::Add(f.phiDelta, hn::Mul(tau, f.phiDeltaTau)), hn::Mul(delta, f.phiDeltaDelta));
         const V curvature = hn::Add(hn::Mul(c(2.0), f.phiDelta), hn::Mul(delta, f.phiDeltaDelta));
@@ -275,7 +292,57 @@ HWY_INLINE V propertyAt(D d, V rho, V T) {
     }
 }
 
-// The tail of the arrays runs with its lanes padded by copies of its first point.
+template <int Property, int M>
+HWY_INLINE void propertiesAt(D d, const V* rho, const V* T, V* out) {
+    if constexpr (Property == kVolume || Property == kDensity) {
+        for (int m = 0; m < M; ++m) out[m] = Property == kVolume ? hn::Div(hn::Set(d, 1.0), rho[m]) : rho[m];
+    } else {
+        HelmholtzGroup<M> g;
+        for (int m = 0; m < M; ++m) {
+            g.delta[m] = reducedDensity(d, rho[m]);
+            g.tau[m] = reducedTemperature(d, T[m]);
+            g.x[m].fill(d, g.delta[m]);
+            g.y[m].fill(d, g.tau[m]);
+        }
+        sumsAt<kWanted<Property>>(d, g);
+        for (int m = 0; m < M; ++m) out[m] = composed<Property>(d, g.f[m], g.delta[m], g.tau[m], rho[m], T[m]);
+    }
+}
+
+// M vectors of points from `at` on, the last lanes past the end padded by copies of point `at`.
+template <int Property, int M>
+HWY_INLINE void searchGroup(D d, const double* p, const double* T, const double* volume, double* out, double* failed,
+                            std::size_t at, std::size_t count, const Search& search) {
+    constexpr std::size_t kLanes = hn::MaxLanes(D());
+    const std::size_t N = hn::Lanes(d);
+    HWY_ALIGN double buffer[3][M * kLanes];
+    for (std::size_t j = 0; j < M * N; ++j) {
+        const std::size_t k = at + j < count ? at + j : at;
+        buffer[0][j] = p[k];
+        buffer[1][j] = T[k];
+        buffer[2][j] = volume[k];
+    }
+    V pv[M], Tv[M], rho[M], values[M];
+    hn::Mask<D> stopped[M];
+    for (int m = 0; m < M; ++m) {
+        pv[m] = hn::Load(d, buffer[0] + m * N);
+        Tv[m] = hn::Load(d, buffer[1] + m * N);
+        rho[m] = hn::Div(hn::Set(d, 1.0), hn::Load(d, buffer[2] + m * N));
+        stopped[m] = hn::FirstN(d, 0);
+    }
+    if (search.refining) densitySearch<M>(d, pv, Tv, rho, stopped, search);
+    propertiesAt<Property, M>(d, rho, Tv, values);
+    for (int m = 0; m < M; ++m) {
+        hn::Store(values[m], d, buffer[0] + m * N);
+        hn::Store(hn::IfThenElseZero(stopped[m], hn::Set(d, 1.0)), d, buffer[1] + m * N);
+    }
+    for (std::size_t j = 0; j < M * N && at + j < count; ++j) {
+        out[at + j] = buffer[0][j];
+        failed[at + j] = buffer[1][j];
+    }
+}
+
+// Two vectors at a time, so that their serial sums overlap; one for the last few points.
 template <int Property>
 void Region3Kernel(const double* p, const double* T, double* out, double* failed, std::size_t count,
                    const Search& search) {
@@ -288,25 +355,9 @@ void Region3Kernel(const double* p, const double* T, double* out, double* failed
     const std::size_t N = hn::Lanes(d);
     double volume[kChunk];
     fittedVolumes(p, T, volume, count, std::make_integer_sequence<int, 7>());
-    HWY_ALIGN double pp[hn::MaxLanes(d)], tt[hn::MaxLanes(d)], vv[hn::MaxLanes(d)], oo[hn::MaxLanes(d)],
-        ff[hn::MaxLanes(d)];
-    for (std::size_t k = 0; k < count; k += N) {
-        for (std::size_t j = 0; j < N; ++j) {
-            const std::size_t at = k + j < count ? k + j : k;
-            pp[j] = p[at];
-            tt[j] = T[at];
-            vv[j] = volume[at];
-        }
-        const V pv = hn::Load(d, pp), Tv = hn::Load(d, tt);
-        Found found{hn::Div(hn::Set(d, 1.0), hn::Load(d, vv)), hn::FirstN(d, 0)};
-        if (search.refining) found = densitySearch(d, pv, Tv, found.rho, search);
-        hn::Store(propertyAt<Property>(d, found.rho, Tv), d, oo);
-        hn::Store(hn::IfThenElseZero(found.failed, hn::Set(d, 1.0)), d, ff);
-        for (std::size_t j = 0; j < N && k + j < count; ++j) {
-            out[k + j] = oo[j];
-            failed[k + j] = ff[j];
-        }
-    }
+    std::size_t k = 0;
+    for (; k + N < count; k += 2 * N) searchGroup<Property, 2>(d, p, T, volume, out, failed, k, count, search);
+    if (k < count) searchGroup<Property, 1>(d, p, T, volume, out, failed, k, count, search);
 }
 
 extern const SearchKernel kRegion3Kernels[kPropertyCount];
