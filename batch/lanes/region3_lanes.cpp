@@ -47,6 +47,48 @@ using helmholtz::R;
 using DeltaPowers = Powers<helmholtz::kReachDelta>;
 using TauPowers = Powers<helmholtz::kReachTau>;
 
+// Two power tables of M points each filled side by side: the chains of multiplications are
+// independent, so the processor overlaps them (where the tables are long, as in area G).
+template <int M, int RA, int RB>
+HWY_INLINE void fillSideBySide(D d, Powers<RA>* a, const V* aBase, Powers<RB>* b, const V* bBase) {
+    for (int m = 0; m < M; ++m) a[m].up[0] = b[m].up[0] = hn::Set(d, 1.0);
+    for (int k = 0; k < (RA > RB ? RA : RB); ++k)
+        for (int m = 0; m < M; ++m) {
+            if (k < RA) a[m].up[k + 1] = hn::Mul(a[m].up[k], aBase[m]);
+            if (k < RB) b[m].up[k + 1] = hn::Mul(b[m].up[k], bBase[m]);
+        }
+}
+
+// The points [at, at + M N) of the arrays `in` as M vectors each through evaluate(M, in, out),
+// into the arrays `out`; lanes past `count` are padded by copies of point `at`.
+template <int M, std::size_t In, std::size_t Out, class Evaluate>
+HWY_INLINE void pointGroup(D d, const double* const (&in)[In], double* const (&out)[Out], std::size_t at,
+                           std::size_t count, Evaluate evaluate) {
+    const std::size_t N = hn::Lanes(d);
+    HWY_ALIGN double buffer[In > Out ? In : Out][M * hn::MaxLanes(D())];
+    for (std::size_t j = 0; j < M * N; ++j)
+        for (std::size_t i = 0; i < In; ++i) buffer[i][j] = in[i][at + j < count ? at + j : at];
+    V vin[In][M], vout[Out][M];
+    for (std::size_t i = 0; i < In; ++i)
+        for (int m = 0; m < M; ++m) vin[i][m] = hn::Load(d, buffer[i] + m * N);
+    evaluate(std::integral_constant<int, M>(), vin, vout);
+    for (std::size_t i = 0; i < Out; ++i)
+        for (int m = 0; m < M; ++m) hn::Store(vout[i][m], d, buffer[i] + m * N);
+    for (std::size_t j = 0; j < M * N && at + j < count; ++j)
+        for (std::size_t i = 0; i < Out; ++i) out[i][at + j] = buffer[i][j];
+}
+
+// All `count` points, two vectors at a time so that their serial chains overlap, one vector for
+// the last few.
+template <std::size_t In, std::size_t Out, class Evaluate>
+HWY_INLINE void inPairs(const double* const (&in)[In], double* const (&out)[Out], std::size_t count, Evaluate evaluate) {
+    const D d;
+    const std::size_t N = hn::Lanes(d);
+    std::size_t k = 0;
+    for (; k + N < count; k += 2 * N) pointGroup<2>(d, in, out, k, count, evaluate);
+    if (k < count) pointGroup<1>(d, in, out, k, count, evaluate);
+}
+
 struct Helmholtz {
     V phi, phiDelta, phiDeltaDelta, phiTau, phiTauTau, phiDeltaTau;
 };
@@ -158,19 +200,23 @@ HWY_INLINE V criticalFit(D d, V p, V T, std::index_sequence<K...>) {
     return hn::Add(c(tvl::kCriticalVolume), sum);
 }
 
-template <std::size_t... K>
-HWY_INLINE V highPressureFit(D d, V p, V T, std::index_sequence<K...>) {
-    Powers<32> x;
-    Powers<22> y;
-    x.fill(d, hn::Sub(hn::Div(hn::Div(p, hn::Set(d, 1e6)), hn::Set(d, 103.0)), hn::Set(d, 1.0)));
-    y.fill(d, hn::Sub(hn::Div(T, hn::Set(d, 600.0)), hn::Set(d, 1.0)));
-    V sum = hn::Zero(d);
+// Area G at M vectors of points; its powers reach 32 and 22.
+template <int M, std::size_t... K>
+HWY_INLINE void highPressureFit(D d, const V* p, const V* T, V* sum, std::index_sequence<K...>) {
+    Powers<32> x[M];
+    Powers<22> y[M];
+    V xBase[M], yBase[M];
+    for (int m = 0; m < M; ++m) {
+        xBase[m] = hn::Sub(hn::Div(hn::Div(p[m], hn::Set(d, 1e6)), hn::Set(d, 103.0)), hn::Set(d, 1.0));
+        yBase[m] = hn::Sub(hn::Div(T[m], hn::Set(d, 600.0)), hn::Set(d, 1.0));
+        sum[m] = hn::Zero(d);
+    }
+    fillSideBySide<M>(d, x, xBase, y, yBase);
     const auto term = [&](auto k) {
         constexpr tvl::roughv3::PlainFitTerm r = tvl::roughv3::kAreaG[decltype(k)::value];
-        sum = hn::Add(sum, times<r.b>(times<r.a>(hn::Set(d, r.c), x), y));
+        for (int m = 0; m < M; ++m) sum[m] = hn::Add(sum[m], times<r.b>(times<r.a>(hn::Set(d, r.c), x[m]), y[m]));
     };
     (term(std::integral_constant<std::size_t, K>()), ...);
-    return sum;
 }
 
 template <class Term, std::size_t N>
@@ -179,15 +225,24 @@ constexpr std::make_index_sequence<N> termsOf(const Term (&)[N]) {
 }
 
 template <tvl::RoughV3Area Area>
-HWY_INLINE V fitOfArea(D d, V p, V T) {
+HWY_INLINE V criticalFitOfArea(D d, V p, V T) {
     using namespace tvl::roughv3;
+
     if constexpr (Area == tvl::RoughV3Area::A) return criticalFit<kAreaA, kThetaA>(d, p, T, termsOf(kAreaA));
     if constexpr (Area == tvl::RoughV3Area::B) return criticalFit<kAreaB, kThetaB>(d, p, T, termsOf(kAreaB));
     if constexpr (Area == tvl::RoughV3Area::C) return criticalFit<kAreaC, kThetaC>(d, p, T, termsOf(kAreaC));
     if constexpr (Area == tvl::RoughV3Area::D) return criticalFit<kAreaD, kThetaD>(d, p, T, termsOf(kAreaD));
     if constexpr (Area == tvl::RoughV3Area::E) return criticalFit<kAreaE, kThetaE>(d, p, T, termsOf(kAreaE));
     if constexpr (Area == tvl::RoughV3Area::F) return criticalFit<kAreaF, kThetaF>(d, p, T, termsOf(kAreaF));
-    if constexpr (Area == tvl::RoughV3Area::G) return highPressureFit(d, p, T, termsOf(kAreaG));
+    return p;  // area G: not a critical area
+}
+
+// The fit of an area at M vectors of points.
+template <tvl::RoughV3Area Area, int M>
+HWY_INLINE void fitOfArea(D d, const V* p, const V* T, V* v) {
+    if constexpr (Area == tvl::RoughV3Area::G) highPressureFit<M>(d, p, T, v, termsOf(tvl::roughv3::kAreaG));
+    else
+        for (int m = 0; m < M; ++m) v[m] = criticalFitOfArea<Area>(d, p[m], T[m]);
 }
 
 constexpr std::size_t kChunk = 256;
@@ -197,22 +252,26 @@ constexpr std::size_t kChunk = 256;
 template <int... A>
 void fittedVolumes(const double* p, const double* T, double* v, std::size_t count, std::integer_sequence<int, A...>) {
     const tvl::WaterModel& water = region3::fitModel();
-    int area[kChunk];
-    for (std::size_t k = 0; k < count; ++k) area[k] = static_cast<int>(tvl::roughV3Area(water, p[k], T[k]));
-    const auto one = [&](auto a) {
-        double ap[kChunk], aT[kChunk], av[kChunk];
-        std::size_t index[kChunk], n = 0;
-        for (std::size_t k = 0; k < count; ++k) {  // without branches, as the areas alternate
-            ap[n] = p[k];
-            aT[n] = T[k];
-            index[n] = k;
-            n += area[k] == decltype(a)::value ? 1 : 0;
-        }
+    std::size_t members[sizeof...(A)][kChunk], size[sizeof...(A)] = {};
+    for (std::size_t k = 0; k < count; ++k) {
+        const int area = static_cast<int>(tvl::roughV3Area(water, p[k], T[k]));
+        members[area][size[area]++] = k;
+    }
+    const auto one = [&](auto area) {
+        const std::size_t n = size[area];
         if (n == 0) return;
-        overArrays(ap, aT, av, n, [](D d, V pv, V Tv) {
-            return fitOfArea<static_cast<tvl::RoughV3Area>(decltype(a)::value)>(d, pv, Tv);
+        double ap[kChunk], aT[kChunk], av[kChunk];
+        for (std::size_t j = 0; j < n; ++j) {
+            ap[j] = p[members[area][j]];
+            aT[j] = T[members[area][j]];
+        }
+        const double* const in[2] = {ap, aT};
+        double* const out[1] = {av};
+        inPairs(in, out, n, [](auto group, const auto& vin, auto& vout) {
+            fitOfArea<static_cast<tvl::RoughV3Area>(decltype(area)::value), decltype(group)::value>(D(), vin[0], vin[1],
+                                                                                                    vout[0]);
         });
-        for (std::size_t j = 0; j < n; ++j) v[index[j]] = av[j];
+        for (std::size_t j = 0; j < n; ++j) v[members[area][j]] = av[j];
     };
     (one(std::integral_constant<int, A>()), ...);
 }
@@ -227,9 +286,10 @@ HWY_INLINE void densitySearch(D d, const V* p, const V* T, V* rho, hn::Mask<D>* 
     hn::Mask<D> running[M];
     for (int m = 0; m < M; ++m) {
         limit[m] = hn::Mul(p[m], hn::Set(d, search.tolerance));
-        g.y[m].fill(d, reducedTemperature(d, T[m]));
+        g.tau[m] = reducedTemperature(d, T[m]);
         running[m] = hn::FirstN(d, hn::Lanes(d));
     }
+    for (int m = 0; m < M; ++m) g.y[m].fill(d, g.tau[m]);
     const V r = hn::Set(d, R), two = hn::Set(d, 2.0);
     for (int i = 1;; ++i) {
         for (int m = 0; m < M; ++m) {
@@ -301,6 +361,8 @@ HWY_INLINE void propertiesAt(D d, const V* rho, const V* T, V* out) {
         for (int m = 0; m < M; ++m) {
             g.delta[m] = reducedDensity(d, rho[m]);
             g.tau[m] = reducedTemperature(d, T[m]);
+        }
+        for (int m = 0; m < M; ++m) {
             g.x[m].fill(d, g.delta[m]);
             g.y[m].fill(d, g.tau[m]);
         }
@@ -309,40 +371,6 @@ HWY_INLINE void propertiesAt(D d, const V* rho, const V* T, V* out) {
     }
 }
 
-// M vectors of points from `at` on, the last lanes past the end padded by copies of point `at`.
-template <int Property, int M>
-HWY_INLINE void searchGroup(D d, const double* p, const double* T, const double* volume, double* out, double* failed,
-                            std::size_t at, std::size_t count, const Search& search) {
-    constexpr std::size_t kLanes = hn::MaxLanes(D());
-    const std::size_t N = hn::Lanes(d);
-    HWY_ALIGN double buffer[3][M * kLanes];
-    for (std::size_t j = 0; j < M * N; ++j) {
-        const std::size_t k = at + j < count ? at + j : at;
-        buffer[0][j] = p[k];
-        buffer[1][j] = T[k];
-        buffer[2][j] = volume[k];
-    }
-    V pv[M], Tv[M], rho[M], values[M];
-    hn::Mask<D> stopped[M];
-    for (int m = 0; m < M; ++m) {
-        pv[m] = hn::Load(d, buffer[0] + m * N);
-        Tv[m] = hn::Load(d, buffer[1] + m * N);
-        rho[m] = hn::Div(hn::Set(d, 1.0), hn::Load(d, buffer[2] + m * N));
-        stopped[m] = hn::FirstN(d, 0);
-    }
-    if (search.refining) densitySearch<M>(d, pv, Tv, rho, stopped, search);
-    propertiesAt<Property, M>(d, rho, Tv, values);
-    for (int m = 0; m < M; ++m) {
-        hn::Store(values[m], d, buffer[0] + m * N);
-        hn::Store(hn::IfThenElseZero(stopped[m], hn::Set(d, 1.0)), d, buffer[1] + m * N);
-    }
-    for (std::size_t j = 0; j < M * N && at + j < count; ++j) {
-        out[at + j] = buffer[0][j];
-        failed[at + j] = buffer[1][j];
-    }
-}
-
-// Two vectors at a time, so that their serial sums overlap; one for the last few points.
 template <int Property>
 void Region3Kernel(const double* p, const double* T, double* out, double* failed, std::size_t count,
                    const Search& search) {
@@ -351,13 +379,23 @@ void Region3Kernel(const double* p, const double* T, double* out, double* failed
             Region3Kernel<Property>(p + k, T + k, out + k, failed + k, count - k < kChunk ? count - k : kChunk, search);
         return;
     }
-    const D d;
-    const std::size_t N = hn::Lanes(d);
     double volume[kChunk];
     fittedVolumes(p, T, volume, count, std::make_integer_sequence<int, 7>());
-    std::size_t k = 0;
-    for (; k + N < count; k += 2 * N) searchGroup<Property, 2>(d, p, T, volume, out, failed, k, count, search);
-    if (k < count) searchGroup<Property, 1>(d, p, T, volume, out, failed, k, count, search);
+    const double* const in[3] = {p, T, volume};
+    double* const outputs[2] = {out, failed};
+    inPairs(in, outputs, count, [&search](auto group, const auto& vin, auto& vout) {
+        constexpr int M = decltype(group)::value;
+        const D d;
+        V rho[M];
+        hn::Mask<D> stopped[M];
+        for (int m = 0; m < M; ++m) {
+            rho[m] = hn::Div(hn::Set(d, 1.0), vin[2][m]);
+            stopped[m] = hn::FirstN(d, 0);
+        }
+        if (search.refining) densitySearch<M>(d, vin[0], vin[1], rho, stopped, search);
+        propertiesAt<Property, M>(d, rho, vin[1], vout[0]);
+        for (int m = 0; m < M; ++m) vout[1][m] = hn::IfThenElseZero(stopped[m], hn::Set(d, 1.0));
+    });
 }
 
 extern const SearchKernel kRegion3Kernels[kPropertyCount];
