@@ -102,34 +102,45 @@ struct HelmholtzGroup {
     Helmholtz f[M];
 };
 
+// acc + (c x^A) y^B, a factor x^0 = 1 left out. Lean leaves out a term of coefficient zero:
+// it adds a zero to a sum that starts at +0 and so is never -0, which changes no bit as long as
+// the powers it reads are finite (else the scalar term is NaN).
+template <bool Lean, int A, int B>
+HWY_INLINE V addTerm(D d, V acc, double c, const DeltaPowers& x, const TauPowers& y) {
+    if (Lean && c == 0.0) return acc;
+    V term = hn::Set(d, c);
+    if constexpr (A != 0) term = hn::Mul(term, x.at<A>(d));
+    if constexpr (B != 0) term = hn::Mul(term, y.at<B>(d));
+    return hn::Add(acc, term);
+}
+
 // Term K of every point of the group: the M vectors' sums are independent chains of additions,
 // which the processor overlaps.
-template <unsigned Wanted, std::size_t K, int M>
+template <unsigned Wanted, bool Lean, std::size_t K, int M>
 HWY_INLINE void helmholtzTerm(D d, HelmholtzGroup<M>& g) {
     constexpr helmholtz::HelmholtzRow r = helmholtz::kRows[K];
     for (int m = 0; m < M; ++m) {
         Helmholtz& s = g.f[m];
         const DeltaPowers& x = g.x[m];
         const TauPowers& y = g.y[m];
-        if constexpr ((Wanted & tvl::kPhi) != 0) s.phi = plus(d, s.phi, r.n, x.at<r.I>(d), y.at<r.J>(d));
+        if constexpr ((Wanted & tvl::kPhi) != 0) s.phi = addTerm<Lean, r.I, r.J>(d, s.phi, r.n, x, y);
         if constexpr ((Wanted & tvl::kPhiDelta) != 0)
-            s.phiDelta = plus(d, s.phiDelta, r.nI, x.at<r.I - 1>(d), y.at<r.J>(d));
+            s.phiDelta = addTerm<Lean, r.I - 1, r.J>(d, s.phiDelta, r.nI, x, y);
         if constexpr ((Wanted & tvl::kPhiDeltaDelta) != 0)
-            s.phiDeltaDelta = plus(d, s.phiDeltaDelta, r.nII, x.at<r.I - 2>(d), y.at<r.J>(d));
-        if constexpr ((Wanted & tvl::kPhiTau) != 0)
-            s.phiTau = plus(d, s.phiTau, r.nJ, x.at<r.I>(d), y.at<r.J - 1>(d));
+            s.phiDeltaDelta = addTerm<Lean, r.I - 2, r.J>(d, s.phiDeltaDelta, r.nII, x, y);
+        if constexpr ((Wanted & tvl::kPhiTau) != 0) s.phiTau = addTerm<Lean, r.I, r.J - 1>(d, s.phiTau, r.nJ, x, y);
         if constexpr ((Wanted & tvl::kPhiTauTau) != 0)
-            s.phiTauTau = plus(d, s.phiTauTau, r.nJJ, x.at<r.I>(d), y.at<r.J - 2>(d));
+            s.phiTauTau = addTerm<Lean, r.I, r.J - 2>(d, s.phiTauTau, r.nJJ, x, y);
         if constexpr ((Wanted & tvl::kPhiDeltaTau) != 0)
-            s.phiDeltaTau = plus(d, s.phiDeltaTau, r.nIJ, x.at<r.I - 1>(d), y.at<r.J - 1>(d));
+            s.phiDeltaTau = addTerm<Lean, r.I - 1, r.J - 1>(d, s.phiDeltaTau, r.nIJ, x, y);
     }
 }
 
 // The 39 terms in table order, then the logarithm term, as the scalar sums form them.
-template <unsigned Wanted, int M, std::size_t... K>
+template <unsigned Wanted, bool Lean, int M, std::size_t... K>
 HWY_INLINE void helmholtzSums(D d, HelmholtzGroup<M>& g, std::index_sequence<K...>) {
     for (int m = 0; m < M; ++m) g.f[m] = {hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d)};
-    (helmholtzTerm<Wanted, K>(d, g), ...);
+    (helmholtzTerm<Wanted, Lean, K>(d, g), ...);
     const V n1 = hn::Set(d, tvl::kRegion3LogCoefficient);
     for (int m = 0; m < M; ++m) {
         Helmholtz& s = g.f[m];
@@ -141,9 +152,19 @@ HWY_INLINE void helmholtzSums(D d, HelmholtzGroup<M>& g, std::index_sequence<K..
     }
 }
 
+// Whether every power the sums read is finite in every lane: a finite base's powers up to the
+// highest and down to the second reciprocal are finite when those three are.
+template <int R>
+HWY_INLINE hn::Mask<D> finitePowers(D d, const Powers<R>& x) {
+    return hn::And(hn::IsFinite(x.up[R]), hn::And(hn::IsFinite(x.template at<-1>(d)), hn::IsFinite(x.template at<-2>(d))));
+}
+
 template <unsigned Wanted, int M>
 HWY_INLINE void sumsAt(D d, HelmholtzGroup<M>& g) {
-    helmholtzSums<Wanted>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
+    auto finite = hn::FirstN(d, hn::Lanes(d));
+    for (int m = 0; m < M; ++m) finite = hn::And(finite, hn::And(finitePowers(d, g.x[m]), finitePowers(d, g.y[m])));
+    if (hn::AllTrue(d, finite)) helmholtzSums<Wanted, true>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
+    else helmholtzSums<Wanted, false>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
 }
 
 HWY_INLINE V reducedDensity(D d, V rho) { return hn::Div(rho, hn::Set(d, helmholtz::kDensity)); }

@@ -74,9 +74,9 @@ std::vector<std::pair<double, double>> statePoints() {
     std::uniform_real_distribution<double> logP(std::log(100.0), std::log(1.2e8)), T(250.0, 2400.0);
     for (int k = 0; k < 2000; ++k) points.push_back({std::exp(logP(random)), T(random)});
     const double pEdges[] = {611.2126774443452, 611.2126774443451, 16529164.252621602, 22064000.0,
-                             22064000.0 * 1.0000000000000002, 5e7, 1e8, 4e6, 1e5};
+                             22064000.0 * 1.0000000000000002, 5e7, 1e8, 4e6, 1e5, 2.4e7, 4e7};
     const double TEdges[] = {273.15, 273.1499999999999, 623.15, 863.15, 1073.15, 1073.15 * (1 + 2e-12), 2273.15,
-                             647.096, 647.0960000000001};
+                             647.096, 647.0960000000001, 654.313191168, 713.959399168};
     for (double p : pEdges)
         for (double t : TEdges)
             for (double pp : {down(p), p, up(p)})
@@ -84,6 +84,16 @@ std::vector<std::pair<double, double>> statePoints() {
     for (double p = 700.0; p < 2.3e7; p *= 1.37) {
         const double Ts = tvlTSP(p), Tb = tvlT23P(p);
         for (double t : {Ts, Tb, Ts * (1 + 2e-12), Tb * (1 + 2e-12)})
+            for (double tt : {down(t), t, up(t)}) points.push_back({p, tt});
+    }
+    // Region 3: random states, the critical neighbourhood, and along B23 and the line that
+    // splits region 3's fitted start, up to 100 MPa.
+    std::uniform_real_distribution<double> p3(1.65e7, 1e8), T3(623.15, 870.0), pc(2.1e7, 2.4e7), Tc(640.0, 660.0);
+    for (int k = 0; k < 300; ++k) points.push_back({p3(random), T3(random)});
+    for (int k = 0; k < 300; ++k) points.push_back({pc(random), Tc(random)});
+    for (double p = 1.66e7; p < 1.01e8; p *= 1.07) {
+        const double Tb = tvlT23P(p), Tline = 647.096 + (p - 22064000.0) / 268248.402312516;
+        for (double t : {Tb, Tb * (1 + 2e-12), Tline})
             for (double tt : {down(t), t, up(t)}) points.push_back({p, tt});
     }
     const double hostile[] = {kNaN, kInf, -kInf, -1.0, 0.0, -0.0, 1e300, 5e-324};
