@@ -192,32 +192,35 @@ void searchedPoints(SliceRun& run, const KernelSet& set, const Settings& setting
     run.computed(start, out, found, n);
 }
 
-// A block of the (p,T) family: sorted by region, each region's points through its kernel.
+// A block of the (p,T) family: sorted by region in one pass, without branches (the regions of
+// random states alternate), then each region's points through its kernel.
 void familyBlock(SliceRun& run, const KernelSet& set, const Settings& settings, int64_t start, const double* p,
                  const double* T, int count) {
     double region[kBlock];
     set.classifyWithRegion3(p, T, region, static_cast<std::size_t>(count), settings.tolerance, settings.checks);
+    constexpr int kRegions[] = {1, 2, 3, 5};
+    constexpr int kListOf[] = {4, 4, 0, 1, 2, 4, 3};  // by region + 1; list 4 holds the points of no kernel
+    int members[5][kBlock], size[5] = {};
     for (int k = 0; k < count; ++k) {
         if (region[k] == -1.0) run.point(start + k, -1.0, tvl::kOutOfRange);
         if (region[k] == 0.0) run.byPlainCall(start + k, p[k], T[k]);
+        const int list = kListOf[static_cast<int>(region[k]) + 1];
+        members[list][size[list]++] = k;
     }
-    for (int r : {1, 2, 3, 5}) {
-        double rp[kBlock], rT[kBlock], out[kBlock];
-        int index[kBlock];
-        int n = 0;
-        for (int k = 0; k < count; ++k) {  // without branches: the regions of random states alternate
-            rp[n] = p[k];
-            rT[n] = T[k];
-            index[n] = k;
-            n += region[k] == r ? 1 : 0;
-        }
+    for (int list = 0; list < 4; ++list) {
+        const int n = size[list], r = kRegions[list];
         if (n == 0) continue;
+        double rp[kBlock], rT[kBlock], out[kBlock];
+        for (int j = 0; j < n; ++j) {
+            rp[j] = p[members[list][j]];
+            rT[j] = T[members[list][j]];
+        }
         if (r == 3) {
-            searchedPoints(run, set, settings, start, rp, rT, index, n);
+            searchedPoints(run, set, settings, start, rp, rT, members[list], n);
             continue;
         }
         kernelOf(set, r, run.e.kernel)(rp, rT, out, static_cast<std::size_t>(n));
-        run.computed(start, out, index, n);
+        run.computed(start, out, members[list], n);
     }
 }
 
