@@ -4,7 +4,8 @@
 // test and the region selection of the plain call, and each region's points then go through
 // that region's kernel together. Every point ends as the plain call ends: the value where it is
 // finite, else the failure value -1.0 with code 1; a point refused by the range test -1.0 with
-// code 2; and points no kernel takes are evaluated by the plain call itself.
+// code 2; a region 3 point whose density search runs out of iterations -1.0 with code 3; and
+// points no kernel takes are evaluated by the plain call itself.
 #include "lanes/lanes.h"
 
 #include <cmath>

@@ -1,8 +1,8 @@
 // Vector kernels of the batch library: the exports that have one are evaluated several points
 // side by side (4 on AVX2, 8 on AVX-512), each point with the very operations of its plain call
 // in the same order, so that every value, code and output cell equals the plain call's bit for
-// bit. Points a kernel does not handle (region 3, non-finite arguments, the melting-curve edge)
-// are evaluated by the plain call.
+// bit. Points a kernel does not handle (non-finite arguments, the melting-curve edge) are
+// evaluated by the plain call.
 #ifndef TAVLIB6X_LANES_H
 #define TAVLIB6X_LANES_H
 

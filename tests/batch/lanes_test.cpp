@@ -1,6 +1,6 @@
 // The vector kernels of libtavlib6x against the plain exports, on the path that TAVLIB6X_SIMD
 // asks for (ctest runs this program once per path): every covered export ((p,T) of regions 1, 2,
-// 5, the (p,T) family, the saturation line) over random states of every region, the region and
+// 3, 5, the (p,T) family, the saturation line) over random states of every region, the region and
 // range edges one rounding unit either side, non-finite and out-of-range arguments mixed in,
 // under hostile settings; values, codes and the last error equal bit for bit.
 #include <gtest/gtest.h>
