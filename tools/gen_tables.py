@@ -13,6 +13,8 @@ import csv
 import os
 import sys
 
+import iapws_forms
+
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 ARGS = [a for a in sys.argv[1:] if a != '--check']
 SOURCE = ARGS[0] if ARGS else os.path.join(ROOT, '..', 'shared', 'iapws')
@@ -127,9 +129,34 @@ def row_text(shape, r):
     raise ValueError(shape)
 
 
+def form_text(cpp_name, form):
+    """The reducing constants of one equation as a ReducedForm, with its form in words."""
+    def signed(text):
+        return (' - ' + text[1:] if text.startswith('-') else ' + ' + text) if text else ''
+
+    def shown(argument, name):
+        scale, shift = literal(argument.scale), literal(argument.shift or '0')
+        if argument.kind == 'reversed':
+            words = '%s - a/%s' % (argument.shift, argument.scale)
+        elif argument.kind == 'reciprocal':
+            words = '%s/a' % argument.scale + signed(argument.shift)
+        else:
+            words = 'a/%s' % argument.scale + signed(argument.shift)
+        return '{%s, %s}' % (scale, shift), '%s = %s' % (name, words)
+    x, x_words = shown(form.x, 'x')
+    y, y_words = shown(form.y, 'y')
+    result = literal(form.result or '1')
+    how = {None: 'sum', 'times': '%s sum', 'over': '%s / sum', 'fourth': '%s sum^4', 'exp': '%s exp(sum)'}
+    words = how[form.result_kind] % form.result if form.result_kind else 'sum'
+    return ['// %s, %s; result %s' % (x_words, y_words, words),
+            'inline constexpr ReducedForm %sForm = {%s, %s, %s};' % (cpp_name, x, y, result)]
+
+
 def table_text(csv_name, cpp_name, shape, comment):
     rows = read(csv_name)
     out = ['// %s (%s.csv)' % (comment, csv_name)]
+    if csv_name in FORMS:
+        out += form_text(cpp_name, FORMS[csv_name])
     if shape == 'log+ijn':
         out.append('inline constexpr double %sLogCoefficient = %s;' % (cpp_name, literal(rows[0]['n'])))
         rows = rows[1:]
@@ -141,6 +168,8 @@ def table_text(csv_name, cpp_name, shape, comment):
     return '\n'.join(out)
 
 
+# How each equation reduces its arguments: the CSVs carry none of it, their README does.
+FORMS = iapws_forms.forms(os.path.join(SOURCE, 'README.md')) if os.path.isdir(SOURCE) else {}
 FITS = os.path.join(ROOT, 'src', 'water', 'formulation', 'library_fits.txt')
 # The columns of each row type of library_fits.txt, the first of them a double, the rest ints
 # (ThetaShape: all doubles).

@@ -34,11 +34,11 @@ double WaterModel::H2AB(double s) const {
 }
 
 double WaterModel::HB13S(double s) {
-    return 1.7e6 * evaluatePowerSum<kHB13S>(xPowers, yPowers, s / 3800.0 - 0.884, s / 3800.0 - 0.864);
+    return kHB13SForm.result * evaluateReducedSum<kHB13S, kHB13SForm>(xPowers, yPowers, s, s);
 }
 
 double WaterModel::TB23HS(double h, double s) {
-    return 900.0 * evaluatePowerSum<kTB23HS>(xPowers, yPowers, h / 3e6 - 0.727, s / 5300.0 - 0.864);
+    return kTB23HSForm.result * evaluateReducedSum<kTB23HS, kTB23HSForm>(xPowers, yPowers, h, s);
 }
 
 // pB23(h,s): no release behind it; the library's partner of TB23(h,s) in the (h,s) region test.
@@ -50,12 +50,14 @@ double WaterModel::PB23HS(double h, double s) {
 // One saturated-liquid curve serves every entropy up to the critical one: the region 3
 // equation h3a'(s).
 double WaterModel::ROUGHHSWS(double s) {
-    return 1.7e6 * evaluatePowerSum<kH3aLiquidS>(xPowers, yPowers, s / 3800.0 - 1.09, s / 3800.0 + 3.66e-5);
+    return kH3aLiquidSForm.result * evaluateReducedSum<kH3aLiquidS, kH3aLiquidSForm>(xPowers, yPowers, s, s);
 }
 
 // One saturated-vapour curve serves every entropy above the critical one: h2ab''(s).
 double WaterModel::ROUGHHSSS(double s) {
-    return 2.8e6 * std::exp(evaluatePowerSum<kH2abVapourS>(xPowers, yPowers, 5210.0 / s - 0.513, s / 9200.0 - 0.524));
+    const double x = kH2abVapourSForm.x.scale / s + kH2abVapourSForm.x.shift;
+    return kH2abVapourSForm.result *
+           std::exp(evaluatePowerSum<kH2abVapourS>(xPowers, yPowers, x, reduce(s, kH2abVapourSForm.y)));
 }
 
 }  // namespace tvl
