@@ -130,42 +130,7 @@ int WaterModel::REGIONPH(double p, double h) {
 
 int WaterModel::WATERSTATEAREAPH(double p, double h) { return REGIONPH(p, h); }
 
-double WaterModel::TPH(double p, double h) { return backward::temperature<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::VPH(double p, double h) { return backward::specificVolume<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::UPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kInternalEnergy, &WaterModel::USTX, p, h);
-}
-
-double WaterModel::SPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kEntropy, &WaterModel::SSTX, p, h);
-}
-
-double WaterModel::CPPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, p, h);
-}
-
-double WaterModel::CVPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, p, h);
-}
-
-double WaterModel::WPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kSpeedOfSound, &WaterModel::WSTX, p, h);
-}
-
-double WaterModel::JOULETHOMPSONPH(double p, double h) { return backward::jouleThomson<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::THERMCONDPH(double p, double h) { return backward::conductivity<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::DYNVISPH(double p, double h) { return backward::viscosity<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::KINVISPH(double p, double h) { return backward::kinematicViscosity<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::PRANDTLEPH(double p, double h) { return backward::prandtl<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::KPH(double p, double h) { return backward::isentropicExponent<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::XPH(double p, double h) { return backward::drynessFraction<ByEnthalpy>(*this, p, h); }
+// Every property: the shared evaluation of (p,h) and (p,s) with the enthalpy as input.
+#include "water/dispatch/generated/ph_dispatch.inc"
 
 }  // namespace tvl

@@ -106,9 +106,9 @@ double temperature(WaterModel& w, double p, double y) {
 
 // A property that has an equation in each region, and its rule in the wet area.
 template <class Input>
-double regionProperty(WaterModel& w, const RegionEquations& e, double (WaterModel::*wet)(double T, double x), double p,
-                      double y, Region3Solver region3 = &region3State<Input>) {
-    return evaluate<Input>(w, p, y, wet, [&](const State& s) { return onePhase(w, e, p, s); }, region3);
+double regionProperty(WaterModel& w, const RegionEquations& e, double p, double y,
+                      Region3Solver region3 = &region3State<Input>) {
+    return evaluate<Input>(w, p, y, e.wet, [&](const State& s) { return onePhase(w, e, p, s); }, region3);
 }
 
 template <class Input>

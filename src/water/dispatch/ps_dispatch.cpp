@@ -34,6 +34,10 @@ backward::State region3ByTemperature(WaterModel& w, double p, double s) {
     return {3, T, rho, 1.0 / rho};
 }
 
+double propertyThroughT3PS(WaterModel& w, const RegionEquations& e, double p, double s) {
+    return backward::regionProperty<ByEntropy>(w, e, p, s, &region3ByTemperature);
+}
+
 // Bounds per pressure bucket of the entropies that the selection compares s with: the saturated
 // water and steam entropies below B23 at 623.15 K (s' rises with p, s'' falls), and the region
 // 2/5 boundary entropy S2PT(p, 1073.15 K), which falls with p, up to the pressure limit of
@@ -119,45 +123,8 @@ int WaterModel::WATERSTATEAREAPS(double p, double s) {
     return area;
 }
 
-double WaterModel::TPS(double p, double s) { return backward::temperature<ByEntropy>(*this, p, s); }
-
-double WaterModel::VPS(double p, double s) { return backward::specificVolume<ByEntropy>(*this, p, s); }
-
-double WaterModel::UPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kInternalEnergy, &WaterModel::USTX, p, s);
-}
-
-double WaterModel::HPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kEnthalpy, &WaterModel::HSTX, p, s);
-}
-
-double WaterModel::CPPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::CVPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::WPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kSpeedOfSound, &WaterModel::WSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::JOULETHOMPSONPS(double p, double s) { return backward::jouleThomson<ByEntropy>(*this, p, s); }
-
-double WaterModel::THERMCONDPS(double p, double s) { return backward::conductivity<ByEntropy>(*this, p, s); }
-
-double WaterModel::DYNVISPS(double p, double s) { return backward::viscosity<ByEntropy>(*this, p, s); }
-
-double WaterModel::KINVISPS(double p, double s) { return backward::kinematicViscosity<ByEntropy>(*this, p, s); }
-
-double WaterModel::PRANDTLEPS(double p, double s) { return backward::prandtl<ByEntropy>(*this, p, s); }
-
-double WaterModel::KPS(double p, double s) { return backward::isentropicExponent<ByEntropy>(*this, p, s); }
-
-double WaterModel::XPS(double p, double s) { return backward::drynessFraction<ByEntropy>(*this, p, s); }
+// Every property: the shared evaluation of (p,h) and (p,s) with the entropy as input, cp, cv and
+// w with region 3 through T3PS.
+#include "water/dispatch/generated/ps_dispatch.inc"
 
 }  // namespace tvl
