@@ -9,22 +9,13 @@ namespace tvl {
 
 namespace {
 
-// The entropy side of a (p,s) evaluation.
-struct ByEntropy {
-    static int area(WaterModel& w, double p, double s) { return w.REGIONPS(p, s); }
-    static double region1(WaterModel& w, double p, double s) { return w.T1PS(p, s); }
-    static double region2(WaterModel& w, double p, double s) { return w.T2PS(p, s); }
-    static double region5(WaterModel& w, double p, double s) { return w.T5PS(p, s); }
-    // On the boundary, the critical entropy, the point is 3a.
-    static bool subregion3a(WaterModel&, double, double s) { return s <= kCriticalEntropy; }
-    static double volume3a(WaterModel& w, double p, double s) { return w.V3APS(p, s); }
-    static double volume3b(WaterModel& w, double p, double s) { return w.V3BPS(p, s); }
-    static double temperature3a(WaterModel& w, double p, double s) { return w.T3APS(p, s); }
-    static double temperature3b(WaterModel& w, double p, double s) { return w.T3BPS(p, s); }
-    static void refine3(WaterModel& w, double p, double s, double& rho, double& T) { w.SolveRegion3PS(p, s, rho, T); }
-    static double saturatedWater(WaterModel& w, double Ts) { return w.SSWT(Ts); }
-    static double saturatedSteam(WaterModel& w, double Ts) { return w.SSST(Ts); }
-};
+// The entropy side of a (p,s) evaluation. On the 3a/3b boundary, the critical entropy, the point
+// is 3a.
+constexpr backward::BackwardEquations kByEntropy = {
+    &WaterModel::REGIONPS, &WaterModel::T1PS, &WaterModel::T2PS, &WaterModel::T5PS,
+    [](WaterModel&, double, double s) { return s <= kCriticalEntropy; },
+    &WaterModel::V3APS, &WaterModel::V3BPS, &WaterModel::T3APS, &WaterModel::T3BPS,
+    &WaterModel::SolveRegion3PS, &WaterModel::SSWT, &WaterModel::SSST};
 
 // cp, cv and w by (p,s) take region 3 another way, which callers see in the last digits: T from
 // T3PS, then the density of the (p,T) family at that temperature.
@@ -35,7 +26,7 @@ backward::State region3ByTemperature(WaterModel& w, double p, double s) {
 }
 
 double propertyThroughT3PS(WaterModel& w, const RegionEquations& e, double p, double s) {
-    return backward::regionProperty<ByEntropy>(w, e, p, s, &region3ByTemperature);
+    return backward::regionProperty<kByEntropy>(w, e, p, s, &region3ByTemperature);
 }
 
 // Bounds per pressure bucket of the entropies that the selection compares s with: the saturated
