@@ -6,9 +6,9 @@
 
 Writes the public header, one file of export forwarders per family, the PropertyFacade
 declarations and regular methods, the regular WaterModel operations of the dispatchers
-(src/water/dispatch/generated/<family>.inc), the internal object's virtual operations, the table of the tvl command, the
-Python signatures, the module definition files of the Windows DLL and the reference pages in
-docs/ (through tools/gen_docs.py). Standard library only.
+(src/water/dispatch/generated/<family>.inc), the internal object's virtual operations, the table
+of the tvl command, the Python signatures, the module definition files of the Windows DLL and the
+reference pages in docs/ (through tools/gen_docs.py). Standard library only.
 """
 import os
 import re
@@ -312,7 +312,7 @@ def water_operation(e):
     body = 'return %s(%s);' % (evaluation, args)
     if len(head) + len(body) + 3 <= 120:
         return ['%s %s }' % (head, body)]
-    return ['', head, '    ' + body, '}', '']
+    return [head, '    ' + body, '}']
 
 
 def water_operations(family):
@@ -321,9 +321,13 @@ def water_operations(family):
             'of the export); the irregular ones are written in that file.' % (family.title, family.stem))
     out = ['// ' + NOTICE] + ['// ' + line for line in textwrap.wrap(text, 100)] + ['']
     for e in family.exports:
-        if e.rule:
-            lines = water_operation(e)
-            out += lines[1:] if lines[0] == '' and out[-1] == '' else lines
+        if not e.rule:
+            continue
+        lines = water_operation(e)
+        # One-line operations stand together; a longer one stands apart.
+        if len(lines) > 1 and out[-1] != '':
+            out.append('')
+        out += lines + ([''] if len(lines) > 1 else [])
     if out[-1] != '':
         out.append('')
     return '\n'.join(out)
