@@ -76,15 +76,43 @@ double evaluate(WaterModel& w, double h, double s, double (WaterModel::*wet)(dou
     return onePhase(found.state, found.p);
 }
 
-double regionProperty(WaterModel& w, const RegionEquations& e, double (WaterModel::*wet)(double, double),
-                      double h, double s) {
-    return evaluate(w, h, s, wet, [&](const backward::State& state, double p) {
+double regionProperty(WaterModel& w, const RegionEquations& e, double h, double s) {
+    return evaluate(w, h, s, e.wet, [&](const backward::State& state, double p) {
         return backward::onePhase(w, e, p, state);
     });
 }
 
 double densityOf(WaterModel& w, const backward::State& state, double p) {
     return backward::density(backward::volume(w, p, state), state);
+}
+
+// The backward functions of p or of T by (h,s), one per one-phase region, and the result in the
+// wet area from the saturation temperature that the bisection finds.
+struct BackwardHS {
+    double (WaterModel::*region1)(double h, double s);
+    double (WaterModel::*region2)(double h, double s);
+    double (WaterModel::*region3)(double h, double s);
+    double (WaterModel::*region5)(double h, double s);
+    double (*wet)(const WaterModel& w, double Ts);
+};
+
+constexpr BackwardHS kPressureHS = {&WaterModel::P1HS, &WaterModel::P2HS, &WaterModel::P3HS, &WaterModel::P5HS,
+                                    [](const WaterModel& w, double Ts) { return w.PST(Ts); }};
+constexpr BackwardHS kTemperatureHS = {&WaterModel::T1HS, &WaterModel::T2HS, &WaterModel::T3HS, &WaterModel::T5HS,
+                                       [](const WaterModel&, double Ts) { return Ts; }};
+
+double backwardHS(WaterModel& w, const BackwardHS& e, double h, double s) {
+    switch (w.REGIONHS(h, s)) {
+    case 1: return (w.*e.region1)(h, s);
+    case 2: return (w.*e.region2)(h, s);
+    case 3: return (w.*e.region3)(h, s);
+    case 4: {
+        double x;
+        return e.wet(w, w.TSHS(h, s, x));
+    }
+    case 5: return (w.*e.region5)(h, s);
+    default: throw kUnknownArea;
+    }
 }
 
 }  // namespace
@@ -112,33 +140,9 @@ int WaterModel::REGIONHS(double h, double s) {
 
 int WaterModel::WATERSTATEAREAHS(double h, double s) { return REGIONHS(h, s); }
 
-double WaterModel::PHS(double h, double s) {
-    switch (REGIONHS(h, s)) {
-    case 1: return P1HS(h, s);
-    case 2: return P2HS(h, s);
-    case 3: return P3HS(h, s);
-    case 4: {
-        double x;
-        return PST(TSHS(h, s, x));
-    }
-    case 5: return P5HS(h, s);
-    default: throw kUnknownArea;
-    }
-}
+double WaterModel::PHS(double h, double s) { return backwardHS(*this, kPressureHS, h, s); }
 
-double WaterModel::THS(double h, double s) {
-    switch (REGIONHS(h, s)) {
-    case 1: return T1HS(h, s);
-    case 2: return T2HS(h, s);
-    case 3: return T3HS(h, s);
-    case 4: {
-        double x;
-        return TSHS(h, s, x);
-    }
-    case 5: return T5HS(h, s);
-    default: throw kUnknownArea;
-    }
-}
+double WaterModel::THS(double h, double s) { return backwardHS(*this, kTemperatureHS, h, s); }
 
 void WaterModel::PTHS(double h, double s, double& p, double& T) {
     switch (REGIONHS(h, s)) {
@@ -162,21 +166,8 @@ double WaterModel::VHS(double h, double s) {
                     [&](const backward::State& state, double p) { return backward::volume(*this, p, state); });
 }
 
-double WaterModel::UHS(double h, double s) {
-    return regionProperty(*this, kInternalEnergy, &WaterModel::USTX, h, s);
-}
-
-double WaterModel::CPHS(double h, double s) {
-    return regionProperty(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, h, s);
-}
-
-double WaterModel::CVHS(double h, double s) {
-    return regionProperty(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, h, s);
-}
-
-double WaterModel::WHS(double h, double s) {
-    return regionProperty(*this, kSpeedOfSound, &WaterModel::WSTX, h, s);
-}
+// u, cp, cv and w: the region's equation or the mixture's rule, from the property's table.
+#include "water/dispatch/generated/hs_dispatch.inc"
 
 // Along the wet area an isenthalp crosses no isotherm at fixed p: the inverse slope of the
 // saturation line, whatever x is.

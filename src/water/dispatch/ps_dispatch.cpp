@@ -41,22 +41,13 @@ constexpr double kSaturatedSteamAt623 = 5210.888;                 // s'' at 623.
 // 4411.55970): above it the wet test's density search starts from the steam side.
 constexpr double kRegion3SteamSideStart = 4411.559751434355;
 
-// The entropy side of a (p,s) evaluation.
-struct ByEntropy {
-    static int area(WaterModel& w, double p, double s) { return w.REGIONPS(p, s); }
-    static double region1(WaterModel& w, double p, double s) { return w.T1PS(p, s); }
-    static double region2(WaterModel& w, double p, double s) { return w.T2PS(p, s); }
-    static double region5(WaterModel& w, double p, double s) { return w.T5PS(p, s); }
-    // On the boundary, the critical entropy, the point is 3a.
-    static bool subregion3a(WaterModel&, double, double s) { return s <= kCriticalEntropy; }
-    static double volume3a(WaterModel& w, double p, double s) { return w.V3APS(p, s); }
-    static double volume3b(WaterModel& w, double p, double s) { return w.V3BPS(p, s); }
-    static double temperature3a(WaterModel& w, double p, double s) { return w.T3APS(p, s); }
-    static double temperature3b(WaterModel& w, double p, double s) { return w.T3BPS(p, s); }
-    static void refine3(WaterModel& w, double p, double s, double& rho, double& T) { w.SolveRegion3PS(p, s, rho, T); }
-    static double saturatedWater(WaterModel& w, double Ts) { return w.SSWT(Ts); }
-    static double saturatedSteam(WaterModel& w, double Ts) { return w.SSST(Ts); }
-};
+// The entropy side of a (p,s) evaluation. On the 3a/3b boundary, the critical entropy, the point
+// is 3a.
+constexpr backward::BackwardEquations kByEntropy = {
+    &WaterModel::REGIONPS, &WaterModel::T1PS, &WaterModel::T2PS, &WaterModel::T5PS,
+    [](WaterModel&, double, double s) { return s <= kCriticalEntropy; },
+    &WaterModel::V3APS, &WaterModel::V3BPS, &WaterModel::T3APS, &WaterModel::T3BPS,
+    &WaterModel::SolveRegion3PS, &WaterModel::SSWT, &WaterModel::SSST};
 
 // cp, cv and w by (p,s) take region 3 another way, which callers see in the last digits: T from
 // T3PS, then the density of the (p,T) family at that temperature.
@@ -64,6 +55,10 @@ backward::State region3ByTemperature(WaterModel& w, double p, double s) {
     const double T = w.T3PS(p, s);
     const double rho = w.R3PT(p, T);
     return {3, T, rho, 1.0 / rho};
+}
+
+double propertyThroughT3PS(WaterModel& w, const RegionEquations& e, double p, double s) {
+    return backward::regionProperty<kByEntropy>(w, e, p, s, &region3ByTemperature);
 }
 
 // Bounds per pressure bucket of the entropies that the selection compares s with: the saturated
@@ -151,45 +146,8 @@ int WaterModel::WATERSTATEAREAPS(double p, double s) {
     return area;
 }
 
-double WaterModel::TPS(double p, double s) { return backward::temperature<ByEntropy>(*this, p, s); }
-
-double WaterModel::VPS(double p, double s) { return backward::specificVolume<ByEntropy>(*this, p, s); }
-
-double WaterModel::UPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kInternalEnergy, &WaterModel::USTX, p, s);
-}
-
-double WaterModel::HPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kEnthalpy, &WaterModel::HSTX, p, s);
-}
-
-double WaterModel::CPPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::CVPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::WPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kSpeedOfSound, &WaterModel::WSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::JOULETHOMPSONPS(double p, double s) { return backward::jouleThomson<ByEntropy>(*this, p, s); }
-
-double WaterModel::THERMCONDPS(double p, double s) { return backward::conductivity<ByEntropy>(*this, p, s); }
-
-double WaterModel::DYNVISPS(double p, double s) { return backward::viscosity<ByEntropy>(*this, p, s); }
-
-double WaterModel::KINVISPS(double p, double s) { return backward::kinematicViscosity<ByEntropy>(*this, p, s); }
-
-double WaterModel::PRANDTLEPS(double p, double s) { return backward::prandtl<ByEntropy>(*this, p, s); }
-
-double WaterModel::KPS(double p, double s) { return backward::isentropicExponent<ByEntropy>(*this, p, s); }
-
-double WaterModel::XPS(double p, double s) { return backward::drynessFraction<ByEntropy>(*this, p, s); }
+// Every property: the shared evaluation of (p,h) and (p,s) with the entropy as input, cp, cv and
+// w with region 3 through T3PS.
+#include "water/dispatch/generated/ps_dispatch.inc"
 
 }  // namespace tvl
