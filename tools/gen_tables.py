@@ -193,7 +193,8 @@ def fit_sections():
     out = []
     for name, row_type, body in sections:
         columns = body[0].split(',')
-        if row_type is not None and ','.join(columns) != FIT_COLUMNS[row_type]:
+        named = columns[0] == 'name'
+        if row_type is not None and ','.join(columns[named:]) != FIT_COLUMNS[row_type]:
             raise ValueError('%s: columns %s, expected %s' % (name, body[0], FIT_COLUMNS[row_type]))
         out.append((name, row_type, [dict(zip(columns, r)) for r in csv.reader(body[1:])]))
     return out
@@ -220,6 +221,9 @@ def fits_text():
             for r in rows:
                 comment = '  // ' + r['meaning'] if r['meaning'] else ''
                 parts.append('inline constexpr double %s = %s;%s' % (r['name'], literal(r['value']), comment))
+        elif 'name' in rows[0]:
+            for r in rows:
+                parts.append('inline constexpr %s %s = %s;' % (row_type, r['name'], fit_row_text(row_type, r)))
         else:
             parts.append('inline constexpr %s %s[%d] = {' % (row_type, name, len(rows)))
             parts += ['    %s,' % fit_row_text(row_type, r) for r in rows]

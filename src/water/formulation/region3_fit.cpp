@@ -96,12 +96,12 @@ RoughV3Area roughV3Area(const WaterModel& water, double p, double T) {
 
 double roughV3InArea(RoughV3Area area, double p, double T) {
     switch (area) {
-        case RoughV3Area::A: return criticalFit(kRoughVolumeAreaA, kRoughVolumeTheta[0], p, T);
-        case RoughV3Area::B: return criticalFit(kRoughVolumeAreaB, kRoughVolumeTheta[1], p, T);
-        case RoughV3Area::C: return criticalFit(kRoughVolumeAreaC, kRoughVolumeTheta[2], p, T);
-        case RoughV3Area::D: return criticalFit(kRoughVolumeAreaD, kRoughVolumeTheta[3], p, T);
-        case RoughV3Area::E: return criticalFit(kRoughVolumeAreaE, kRoughVolumeTheta[4], p, T);
-        case RoughV3Area::F: return criticalFit(kRoughVolumeAreaF, kRoughVolumeTheta[5], p, T);
+        case RoughV3Area::A: return criticalFit(kRoughVolumeAreaA, kRoughVolumeThetaA, p, T);
+        case RoughV3Area::B: return criticalFit(kRoughVolumeAreaB, kRoughVolumeThetaB, p, T);
+        case RoughV3Area::C: return criticalFit(kRoughVolumeAreaC, kRoughVolumeThetaC, p, T);
+        case RoughV3Area::D: return criticalFit(kRoughVolumeAreaD, kRoughVolumeThetaD, p, T);
+        case RoughV3Area::E: return criticalFit(kRoughVolumeAreaE, kRoughVolumeThetaE, p, T);
+        case RoughV3Area::F: return criticalFit(kRoughVolumeAreaF, kRoughVolumeThetaF, p, T);
         case RoughV3Area::G: break;
     }
     return highPressureFit(p, T);

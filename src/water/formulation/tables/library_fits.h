@@ -24,14 +24,12 @@ inline constexpr double kPB23HSEnthalpyShift = 0.709;
 inline constexpr double kPB23HSEntropy = 5300.0;  // J/(kg K), y = s/5300 - 0.824
 inline constexpr double kPB23HSEntropyShift = 0.824;
 
-inline constexpr ThetaShape kRoughVolumeTheta[6] = {
-    {0.05, 3.727888, -1.0, 0.05},
-    {0.02, 3.727888, -1.0, 0.02},
-    {0.2, -3.727888, 1.0, 0.02},
-    {0.5, -3.727888, 1.0, 0.01},
-    {0.02, 3.727888, -1.0, 0.005},
-    {0.1, -3.727888, 1.0, 0.002},
-};
+inline constexpr ThetaShape kRoughVolumeThetaA = {0.05, 3.727888, -1.0, 0.05};
+inline constexpr ThetaShape kRoughVolumeThetaB = {0.02, 3.727888, -1.0, 0.02};
+inline constexpr ThetaShape kRoughVolumeThetaC = {0.2, -3.727888, 1.0, 0.02};
+inline constexpr ThetaShape kRoughVolumeThetaD = {0.5, -3.727888, 1.0, 0.01};
+inline constexpr ThetaShape kRoughVolumeThetaE = {0.02, 3.727888, -1.0, 0.005};
+inline constexpr ThetaShape kRoughVolumeThetaF = {0.1, -3.727888, 1.0, 0.002};
 
 inline constexpr FitTerm kRoughVolumeAreaA[18] = {
     {0.0074887444872508, 0, 1, 0, 0, 0},
