@@ -5,13 +5,15 @@
     python3 tools/gen_exports.py --check   exit 1 if a committed file differs from what would be written
 
 Writes the public header, one file of export forwarders per family, the PropertyFacade
-declarations, the internal object's virtual operations, the table of the tvl command, the
-Python signatures, the module definition files of the Windows DLL and the reference pages in
-docs/ (through tools/gen_docs.py). Standard library only.
+declarations and regular methods, the regular WaterModel operations of the dispatchers
+(src/water/dispatch/generated/<family>.inc), the internal object's virtual operations, the table
+of the tvl command, the Python signatures, the module definition files of the Windows DLL and the
+reference pages in docs/ (through tools/gen_docs.py). Standard library only.
 """
 import os
 import re
 import sys
+import textwrap
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 LIST = os.path.join(ROOT, 'src', 'exports', 'exports.txt')
@@ -32,13 +34,18 @@ class Export:
     check  the names of the argument tests run while checkRangeMode is on (FRAME_CHECKS), in order;
     after  the names of the tests of the result and of the state a search settled on (FRAME_AFTER);
     model  the model operation called, "water.VPT" or "gases.CPIDT";
+    start  the start values of a search, (name, value) pairs: into an output cell, else after the arguments;
     hand   True when the PropertyFacade method is written by hand (an irregular frame);
-           otherwise tools/gen_exports.py writes it from the three attributes above."""
+           otherwise tools/gen_exports.py writes it from the attributes above;
+    rule   (evaluation, table) when the WaterModel operation is one call of its dispatcher's shared
+           evaluation with a property's table (table may be empty), else None."""
 
-    def __init__(self, result, name, params, family, check=(), after=(), model=None, hand=True):
+    def __init__(self, result, name, params, family, check=(), after=(), model=None, hand=True, start=(),
+                 rule=None):
         self.result, self.name, self.params, self.family = result, name, params, family
-        self.check, self.after, self.hand = tuple(check), tuple(after), hand
+        self.check, self.after, self.hand, self.start = tuple(check), tuple(after), hand, tuple(start)
         self.model = model or 'water.' + name
+        self.rule = rule
 
     def flat_params(self):
         """The parameters as the C signature has them, the fourteen outputs spelled out."""
@@ -100,8 +107,8 @@ FRAME_AFTER = {
 
 
 def read_attributes(text, where):
-    """The frame attributes of an export or of a family's "frame" line: check=a+b after=c+d
-    model=object[.Operation] hand."""
+    """The attributes of an export or of a family's "frame" line: check=a+b after=c+d
+    model=object[.Operation] start=a:1e7+b:400.0 hand, and rule=evaluation[(table)]."""
     found = {}
     for item in text.split():
         key, sep, value = item.partition('=')
@@ -116,6 +123,15 @@ def read_attributes(text, where):
             found[key] = names
         elif key == 'model' and sep:
             found['model'] = value
+        elif key == 'start' and sep:
+            found['start'] = tuple(tuple(pair.split(':', 1)) for pair in value.split('+'))
+            if any(len(pair) != 2 for pair in found['start']):
+                sys.exit('%s: a start value is name:value, not "%s"' % (where, value))
+        elif key == 'rule' and sep:
+            m = re.match(r'^([\w:<>]+)(?:\((\w+)\))?$', value)
+            if not m:
+                sys.exit('%s: a rule is evaluation or evaluation(table), not "%s"' % (where, value))
+            found['rule'] = (m.group(1), m.group(2))
         else:
             sys.exit('%s: cannot read attribute "%s"' % (where, item))
     return found
@@ -165,10 +181,13 @@ def parse():
         if result not in ('double', 'int32', 'text', 'wtext'):
             sys.exit('%s: unknown result type %s' % (where, result))
         frame = dict(defaults, **read_attributes(attributes, where))
+        rule = frame.pop('rule', None)
+        if rule and (result != 'double' or any(t != 'double' for t, _ in params)):
+            sys.exit('%s: a rule= operation takes and gives plain numbers' % where)
         generated = bool(frame) and not frame.get('hand')
         families[-1].exports.append(Export(result, name, params, families[-1], frame.get('check', ()),
                                            frame.get('after', ()), model_operation(frame.get('model'), name),
-                                           hand=not generated))
+                                           hand=not generated, start=frame.get('start', ()), rule=rule))
     return families
 
 
@@ -230,8 +249,9 @@ def frame_method(e):
     names = [n for _, n in e.params]
     pressure = 'p2' if 'p2' in names else 'p' if 'p' in names else 'requireSolvedPressure(solved)'
     cells = [n for t, n in e.params if t == 'double*']
-    args = ', '.join('*' + n if t == 'double*' else n for t, n in e.params if t != 'out14')
-    call = '%s(%s)' % (e.model, args)
+    args = ['*' + n if t == 'double*' else n for t, n in e.params if t != 'out14']
+    args += [value for name, value in e.start if name not in cells]
+    call = '%s(%s)' % (e.model, ', '.join(args))
     body = []
     if any(t == 'out14' for t, _ in e.params):
         body.append('outputs.requireAll();')
@@ -243,6 +263,7 @@ def frame_method(e):
     elif checks:
         body += ['if (checksOn()) {'] + ['    ' + c for c in checks] + ['}']
     after = [FRAME_AFTER[a].format(pressure=pressure) + ';' for a in e.after]
+    body += ['*%s = %s;' % (name, value) for name, value in e.start if name in cells]
     if any(t == 'out14' for t, _ in e.params):
         body += ['outputs.write(%s);' % call, 'return 1.0;']
     elif cells:
@@ -278,6 +299,37 @@ def frame_methods(family):
         if not e.hand:
             out += frame_method(e)
     out += ['}  // namespace tvl', '']
+    return '\n'.join(out)
+
+
+def water_operation(e):
+    """The WaterModel operation of an export with a rule: its dispatcher's shared evaluation called
+    with the property's table and the export's arguments."""
+    evaluation, table = e.rule
+    params = ', '.join('double %s' % n for _, n in e.params)
+    args = ', '.join(['*this'] + ([table] if table else []) + [n for _, n in e.params])
+    head = 'double WaterModel::%s(%s) {' % (e.name, params)
+    body = 'return %s(%s);' % (evaluation, args)
+    if len(head) + len(body) + 3 <= 120:
+        return ['%s %s }' % (head, body)]
+    return [head, '    ' + body, '}']
+
+
+def water_operations(family):
+    text = ('The regular WaterModel operations of the family "%s": each is one call of a shared evaluation of '
+            'src/water/dispatch/%s.cpp, which includes this file, with its property\'s table (the attribute rule '
+            'of the export); the irregular ones are written in that file.' % (family.title, family.stem))
+    out = ['// ' + NOTICE] + ['// ' + line for line in textwrap.wrap(text, 100)] + ['']
+    for e in family.exports:
+        if not e.rule:
+            continue
+        lines = water_operation(e)
+        # One-line operations stand together; a longer one stands apart.
+        if len(lines) > 1 and out[-1] != '':
+            out.append('')
+        out += lines + ([''] if len(lines) > 1 else [])
+    if out[-1] != '':
+        out.append('')
     return '\n'.join(out)
 
 
@@ -413,6 +465,8 @@ def outputs():
         files[os.path.join('src', 'exports', family.stem + '_exports.cpp')] = forwarders(family)
         if any(not e.hand for e in family.exports):
             files[os.path.join('src', 'frame', 'generated', family.stem + '.cpp')] = frame_methods(family)
+        if any(e.rule for e in family.exports):
+            files[os.path.join('src', 'water', 'dispatch', 'generated', family.stem + '.inc')] = water_operations(family)
     # The reference pages list the same exports; they are written with the rest.
     import gen_docs
     files.update(gen_docs.documents(families))

@@ -15,8 +15,8 @@
 #include "lanes/lane_ops.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/region3_fit.h"
-#include "water/formulation/region3_fit_terms.h"
 #include "water/formulation/region3_helmholtz.h"
+#include "water/formulation/tables/library_fits.h"
 #include "water/formulation/water_model.h"
 
 #ifndef TAVLIB6X_REGION3_LANES_ONCE
@@ -184,8 +184,8 @@ struct CriticalLanes {
     V theta;
 };
 
-constexpr int thetaExponent(const tvl::roughv3::FitTerm&) { return 0; }
-constexpr int thetaExponent(const tvl::roughv3::ThetaFitTerm& r) { return r.e1; }
+constexpr int thetaExponent(const tvl::FitTerm&) { return 0; }
+constexpr int thetaExponent(const tvl::ThetaFitTerm& r) { return r.e1; }
 
 // sum + c d^a t^b q2^e2 q4^e4 q8^e8 (theta^e1), multiplied left to right.
 template <const auto& Rows, std::size_t K>
@@ -200,7 +200,12 @@ HWY_INLINE V criticalTerm(D d, V sum, const CriticalLanes& w) {
 // The root of |theta| with the sign of theta; zero counts as positive.
 HWY_INLINE V signedRoot(D d, V x, V sign) { return hn::Mul(sign, hn::Sqrt(hn::Abs(x))); }
 
-template <const auto& Rows, const tvl::roughv3::ThetaShape& Shape, std::size_t... K>
+template <class Term, std::size_t N>
+constexpr std::make_index_sequence<N> termsOf(const Term (&)[N]) {
+    return {};
+}
+
+template <const auto& Rows, const tvl::ThetaShape& Shape, std::size_t... K>
 HWY_INLINE V criticalFit(D d, V p, V T, std::index_sequence<K...>) {
     const auto c = [d](double value) { return hn::Set(d, value); };
     const V dv = hn::Div(hn::Sub(p, c(22064000.0)), c(1e6));
@@ -228,42 +233,38 @@ HWY_INLINE void highPressureFit(D d, const V* p, const V* T, V* sum, std::index_
     Powers<22> y[M];
     V xBase[M], yBase[M];
     for (int m = 0; m < M; ++m) {
-        xBase[m] = hn::Sub(hn::Div(hn::Div(p[m], hn::Set(d, 1e6)), hn::Set(d, 103.0)), hn::Set(d, 1.0));
-        yBase[m] = hn::Sub(hn::Div(T[m], hn::Set(d, 600.0)), hn::Set(d, 1.0));
+        const V pressure = hn::Div(hn::Div(p[m], hn::Set(d, 1e6)), hn::Set(d, tvl::kRoughVolumeAreaGPressure));
+        xBase[m] = hn::Sub(pressure, hn::Set(d, 1.0));
+        yBase[m] = hn::Sub(hn::Div(T[m], hn::Set(d, tvl::kRoughVolumeAreaGTemperature)), hn::Set(d, 1.0));
         sum[m] = hn::Zero(d);
     }
     fillSideBySide<M>(d, x, xBase, y, yBase);
     const auto term = [&](auto k) {
-        constexpr tvl::roughv3::PlainFitTerm r = tvl::roughv3::kAreaG[decltype(k)::value];
+        constexpr tvl::PlainFitTerm r = tvl::kRoughVolumeAreaG[decltype(k)::value];
         for (int m = 0; m < M; ++m) sum[m] = hn::Add(sum[m], times<r.b>(times<r.a>(hn::Set(d, r.c), x[m]), y[m]));
     };
     (term(std::integral_constant<std::size_t, K>()), ...);
 }
 
-template <class Term, std::size_t N>
-constexpr std::make_index_sequence<N> termsOf(const Term (&)[N]) {
-    return {};
-}
-
-template <tvl::RoughV3Area Area>
-HWY_INLINE V criticalFitOfArea(D d, V p, V T) {
-    using namespace tvl::roughv3;
-
-    if constexpr (Area == tvl::RoughV3Area::A) return criticalFit<kAreaA, kThetaA>(d, p, T, termsOf(kAreaA));
-    if constexpr (Area == tvl::RoughV3Area::B) return criticalFit<kAreaB, kThetaB>(d, p, T, termsOf(kAreaB));
-    if constexpr (Area == tvl::RoughV3Area::C) return criticalFit<kAreaC, kThetaC>(d, p, T, termsOf(kAreaC));
-    if constexpr (Area == tvl::RoughV3Area::D) return criticalFit<kAreaD, kThetaD>(d, p, T, termsOf(kAreaD));
-    if constexpr (Area == tvl::RoughV3Area::E) return criticalFit<kAreaE, kThetaE>(d, p, T, termsOf(kAreaE));
-    if constexpr (Area == tvl::RoughV3Area::F) return criticalFit<kAreaF, kThetaF>(d, p, T, termsOf(kAreaF));
-    return p;  // area G: not a critical area
+template <const auto& Rows, const tvl::ThetaShape& Shape>
+HWY_INLINE V criticalFit(D d, V p, V T) {
+    return criticalFit<Rows, Shape>(d, p, T, termsOf(Rows));
 }
 
 // The fit of an area at M vectors of points.
 template <tvl::RoughV3Area Area, int M>
 HWY_INLINE void fitOfArea(D d, const V* p, const V* T, V* v) {
-    if constexpr (Area == tvl::RoughV3Area::G) highPressureFit<M>(d, p, T, v, termsOf(tvl::roughv3::kAreaG));
-    else
-        for (int m = 0; m < M; ++m) v[m] = criticalFitOfArea<Area>(d, p[m], T[m]);
+    using namespace tvl;
+    using A = RoughV3Area;
+    for (int m = 0; m < M && Area != A::G; ++m) {
+        if constexpr (Area == A::A) v[m] = criticalFit<kRoughVolumeAreaA, kRoughVolumeThetaA>(d, p[m], T[m]);
+        if constexpr (Area == A::B) v[m] = criticalFit<kRoughVolumeAreaB, kRoughVolumeThetaB>(d, p[m], T[m]);
+        if constexpr (Area == A::C) v[m] = criticalFit<kRoughVolumeAreaC, kRoughVolumeThetaC>(d, p[m], T[m]);
+        if constexpr (Area == A::D) v[m] = criticalFit<kRoughVolumeAreaD, kRoughVolumeThetaD>(d, p[m], T[m]);
+        if constexpr (Area == A::E) v[m] = criticalFit<kRoughVolumeAreaE, kRoughVolumeThetaE>(d, p[m], T[m]);
+        if constexpr (Area == A::F) v[m] = criticalFit<kRoughVolumeAreaF, kRoughVolumeThetaF>(d, p[m], T[m]);
+    }
+    if constexpr (Area == A::G) highPressureFit<M>(d, p, T, v, termsOf(kRoughVolumeAreaG));
 }
 
 constexpr std::size_t kChunk = 256;

@@ -3,6 +3,7 @@
 #include "frame/validators.h"
 
 #include "frame/property_facade.h"
+#include "water/formulation/pressure_buckets.h"
 
 namespace tvl {
 
@@ -33,14 +34,31 @@ void PropertyFacade::ValidatePTResult(double p, double T) {
 
 // The entropies of the isobar from the ice point to the top of the formulation: region 2 at
 // 1073.15 K above 50 MPa, region 5 at 2273.15 K below. The pressure split is the plain value.
+//
+// Both tests are answered ahead where the answer is sure, without changing it. S1PT(p, 273.15 K)
+// peaks at 0.4752 J/(kg K) near 19 MPa (water is densest near 4 C, so its entropy first rises
+// with pressure), well below the ceiling; an entropy above the ceiling passes the lower test.
+// The highest entropy falls with pressure, by a step down at 50 MPa too, so its bounds per
+// pressure bucket decide the upper test for all but the entropies close to it.
+namespace {
+
+constexpr double kIcePointEntropyCeiling = 1.0;  // J/(kg K)
+
+double highestEntropy(WaterModel& water, double p) {
+    return p > kRegion5HighestPressure ? water.S2PT(p, kRegion25Temperature) : water.S5PT(p, kHighestTemperature);
+}
+
+}  // namespace
+
 void PropertyFacade::ValidatePS(double p, double s) {
     if (p < 0.0 || p > kArgumentLimits.highestPressure) throw kOutOfRange;
+    static const PressureBuckets highestBounds(kIcePointSaturationPressure, kArgumentLimits.highestPressure, 1e-5,
+                                               [this](double q) { return highestEntropy(water, q); });
     const double m = settings.margin();
     const double widened = s > 0.0 ? s * m : s / m;
-    if (water.S1PT(p, kLowestTemperature) > widened) throw kOutOfRange;
-    const double highest = p > kRegion5HighestPressure ? water.S2PT(p, kRegion25Temperature)
-                                                       : water.S5PT(p, kHighestTemperature);
-    if (s > highest * m) throw kOutOfRange;
+    if (!(widened > kIcePointEntropyCeiling) && water.S1PT(p, kLowestTemperature) > widened) throw kOutOfRange;
+    const int side = highestBounds.sideOfScaled(p, m, s);
+    if (side > 0 || (side == 0 && s > highestEntropy(water, p) * m)) throw kOutOfRange;
 }
 
 // Metastable vapour lies below the saturation temperature, by at most the tolerance above it, and

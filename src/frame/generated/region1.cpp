@@ -74,4 +74,14 @@ double PropertyFacade::PT1HS(double h, double s, double* p, double* T) noexcept 
     });
 }
 
+double PropertyFacade::PT1RH(double r, double h, double* p, double* T) noexcept {
+    return run([&] {
+        requireCells(p, T);
+        *p = 1e7;
+        *T = 400.0;
+        water.SolveRegion1RH(r, h, *p, *T);
+        return 1.0;
+    });
+}
+
 }  // namespace tvl

@@ -98,4 +98,14 @@ double PropertyFacade::PT2HS(double h, double s, double* p, double* T) noexcept 
     });
 }
 
+double PropertyFacade::PT2RH(double r, double h, double* p, double* T) noexcept {
+    return run([&] {
+        requireCells(p, T);
+        *p = 1e6;
+        *T = 800.0;
+        water.SolveRegion2RH(r, h, *p, *T);
+        return 1.0;
+    });
+}
+
 }  // namespace tvl

@@ -50,4 +50,8 @@ double PropertyFacade::RT3HS(double h, double s, double* r, double* T) noexcept 
     });
 }
 
+double PropertyFacade::T3RH(double r, double h) noexcept {
+    return run([&] { return water.T3RH(r, h, 743.15); });
+}
+
 }  // namespace tvl

@@ -74,4 +74,14 @@ double PropertyFacade::PT5HS(double h, double s, double* p, double* T) noexcept 
     });
 }
 
+double PropertyFacade::PT5RH(double r, double h, double* p, double* T) noexcept {
+    return run([&] {
+        requireCells(p, T);
+        *p = 2.5e7;
+        *T = 1773.15;
+        water.PT5RH(r, h, *p, *T);
+        return 1.0;
+    });
+}
+
 }  // namespace tvl

@@ -2,8 +2,12 @@
 // then the state by the region's backward functions and Newton searches, or in the wet area the
 // saturation temperature and x of the bisection. A property is the region's equation at that
 // state, or the (T, x) rule of the mixture; the one-phase evaluation is that of (p,h) and (p,s).
+#include <cstddef>
+#include <iterator>
+
 #include "water/dispatch/ph_ps_evaluation.h"
 #include "water/formulation/constants.h"
+#include "water/formulation/tables/library_fits.h"
 
 namespace tvl {
 
@@ -12,14 +16,26 @@ namespace {
 // hb(s), the library's fit of the enthalpy where region 2 gives way to region 5 at 1073.15 K,
 // from about 3.93e6 to 4.16e6 J/kg. The division by s^5 is taken as two, by s^4 and by s.
 double regionBoundary25(double s) {
-    const double polynomial =
-        (((((((((9.62867954565456e-13 * s - 1.0972727503326373e-7) * s + 0.005581545489289516) * s -
-               166.86243964122318) * s + 3246036.552562381) * s - 42920237610.96441) * s + 390628799776173.4) * s -
-            2414622792598335488.0) * s + 9696635663765710307328.0) * s - 2.2823756959811147e25) * s +
-        2.3880500048454153e28;
+    double polynomial = kRegion25BoundaryHS[0];
+    for (std::size_t k = 1; k < std::size(kRegion25BoundaryHS); ++k)
+        polynomial = polynomial * s + kRegion25BoundaryHS[k];
     const double s2 = s * s;
     return polynomial / (s2 * s2) / s;
 }
+
+// The enthalpies (J/kg) and entropies (J/(kg K)) of the selection, each beside the point it
+// stands for. Two are a hair inside their boundary ("in"): in that sliver the neighbouring
+// region's equations serve, far inside their accuracy, and the values are those of the
+// library's results.
+constexpr double kOnlyRegion5 = 4160663.6900093425;     // H2PT(0 Pa, 1073.15 K), the top of region 2
+constexpr double kRegion2At50MPa = 3925960.4095492493;  // H2PT(50 MPa, 1073.15 K) = ...2475, up
+constexpr double kTopOfRegion3 = 2812942.0606003786;    // H2PT(100 MPa, 863.15 K) = ...0416, in
+constexpr double kAboveWetArea = 9155.759395224399;     // S2PT(611.2126774443452 Pa, 273.15 K)
+constexpr double kLowestEntropy = -0.15454959194427764; // S1PT(611.2126774443452 Pa, 273.15 K) = ...94303, down
+constexpr double kOnlyRegion3BelowB23 = 5041.0;         // below S2PT(p, T23(p)): 5048.097 near 56.5 MPa
+constexpr double kOnlyRegion2AboveB23 = 5269.0;         // above it: 5260.572 near 19.1 MPa
+constexpr double kOnlyRegion1Below = 1553900.0;         // H1PT(100 MPa, 623.15 K) = 1553922.50, down
+constexpr double kOnlyRegion3Above = 1670850.0;         // h' at 623.15 K = 1670858.218, in
 
 // The state that an (h,s) pair names. p is the pressure that the region's search found; in
 // region 3 the density is the search's and p is not formed; in the wet area (4) T is the
@@ -60,9 +76,8 @@ double evaluate(WaterModel& w, double h, double s, double (WaterModel::*wet)(dou
     return onePhase(found.state, found.p);
 }
 
-double regionProperty(WaterModel& w, const RegionEquations& e, double (WaterModel::*wet)(double, double),
-                      double h, double s) {
-    return evaluate(w, h, s, wet, [&](const backward::State& state, double p) {
+double regionProperty(WaterModel& w, const RegionEquations& e, double h, double s) {
+    return evaluate(w, h, s, e.wet, [&](const backward::State& state, double p) {
         return backward::onePhase(w, e, p, state);
     });
 }
@@ -71,58 +86,63 @@ double densityOf(WaterModel& w, const backward::State& state, double p) {
     return backward::density(backward::volume(w, p, state), state);
 }
 
+// The backward functions of p or of T by (h,s), one per one-phase region, and the result in the
+// wet area from the saturation temperature that the bisection finds.
+struct BackwardHS {
+    double (WaterModel::*region1)(double h, double s);
+    double (WaterModel::*region2)(double h, double s);
+    double (WaterModel::*region3)(double h, double s);
+    double (WaterModel::*region5)(double h, double s);
+    double (*wet)(const WaterModel& w, double Ts);
+};
+
+constexpr BackwardHS kPressureHS = {&WaterModel::P1HS, &WaterModel::P2HS, &WaterModel::P3HS, &WaterModel::P5HS,
+                                    [](const WaterModel& w, double Ts) { return w.PST(Ts); }};
+constexpr BackwardHS kTemperatureHS = {&WaterModel::T1HS, &WaterModel::T2HS, &WaterModel::T3HS, &WaterModel::T5HS,
+                                       [](const WaterModel&, double Ts) { return Ts; }};
+
+double backwardHS(WaterModel& w, const BackwardHS& e, double h, double s) {
+    switch (w.REGIONHS(h, s)) {
+    case 1: return (w.*e.region1)(h, s);
+    case 2: return (w.*e.region2)(h, s);
+    case 3: return (w.*e.region3)(h, s);
+    case 4: {
+        double x;
+        return e.wet(w, w.TSHS(h, s, x));
+    }
+    case 5: return (w.*e.region5)(h, s);
+    default: throw kUnknownArea;
+    }
+}
+
 }  // namespace
 
 // No tolerance takes part: every test is on a fixed number or a fit. Left of the critical
 // entropy a point under the saturated-water curve is region 1, not 4, as callers have it.
 int WaterModel::REGIONHS(double h, double s) {
-    if (h > 4160663.6900093425) return 5;
-    if (h > 3925960.4095492493) return h > regionBoundary25(s) ? 5 : 2;
-    if (h > 2812942.0606003786 || s > 9155.759395224399) return 2;
-    if (s < -0.15454959194427764) return 1;
+    if (h > kOnlyRegion5) return 5;
+    if (h > kRegion2At50MPa) return h > regionBoundary25(s) ? 5 : 2;
+    if (h > kTopOfRegion3 || s > kAboveWetArea) return 2;
+    if (s < kLowestEntropy) return 1;
     if (s > kCriticalEntropy) {
         if (ROUGHHSSS(s) > h) return 4;
-        if (s < 5041.0) return 3;
-        if (s > 5269.0) return 2;
+        if (s < kOnlyRegion3BelowB23) return 3;
+        if (s > kOnlyRegion2AboveB23) return 2;
         const double p = PB23HS(h, s);
         const double T = TB23HS(h, s);
         return T23P(p) >= T ? 3 : 2;
     }
     if (ROUGHHSWS(s) > h) return 1;
-    if (h < 1553900.0) return 1;
-    if (h > 1670850.0) return 3;
+    if (h < kOnlyRegion1Below) return 1;
+    if (h > kOnlyRegion3Above) return 3;
     return h > HB13S(s) ? 3 : 1;
 }
 
 int WaterModel::WATERSTATEAREAHS(double h, double s) { return REGIONHS(h, s); }
 
-double WaterModel::PHS(double h, double s) {
-    switch (REGIONHS(h, s)) {
-    case 1: return P1HS(h, s);
-    case 2: return P2HS(h, s);
-    case 3: return P3HS(h, s);
-    case 4: {
-        double x;
-        return PST(TSHS(h, s, x));
-    }
-    case 5: return P5HS(h, s);
-    default: throw kUnknownArea;
-    }
-}
+double WaterModel::PHS(double h, double s) { return backwardHS(*this, kPressureHS, h, s); }
 
-double WaterModel::THS(double h, double s) {
-    switch (REGIONHS(h, s)) {
-    case 1: return T1HS(h, s);
-    case 2: return T2HS(h, s);
-    case 3: return T3HS(h, s);
-    case 4: {
-        double x;
-        return TSHS(h, s, x);
-    }
-    case 5: return T5HS(h, s);
-    default: throw kUnknownArea;
-    }
-}
+double WaterModel::THS(double h, double s) { return backwardHS(*this, kTemperatureHS, h, s); }
 
 void WaterModel::PTHS(double h, double s, double& p, double& T) {
     switch (REGIONHS(h, s)) {
@@ -146,21 +166,8 @@ double WaterModel::VHS(double h, double s) {
                     [&](const backward::State& state, double p) { return backward::volume(*this, p, state); });
 }
 
-double WaterModel::UHS(double h, double s) {
-    return regionProperty(*this, kInternalEnergy, &WaterModel::USTX, h, s);
-}
-
-double WaterModel::CPHS(double h, double s) {
-    return regionProperty(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, h, s);
-}
-
-double WaterModel::CVHS(double h, double s) {
-    return regionProperty(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, h, s);
-}
-
-double WaterModel::WHS(double h, double s) {
-    return regionProperty(*this, kSpeedOfSound, &WaterModel::WSTX, h, s);
-}
+// u, cp, cv and w: the region's equation or the mixture's rule, from the property's table.
+#include "water/dispatch/generated/hs_dispatch.inc"
 
 // Along the wet area an isenthalp crosses no isotherm at fixed p: the inverse slope of the
 // saturation line, whatever x is.

@@ -45,22 +45,12 @@ constexpr double kAboveSaturatedSteam = 2803300.0;        // the greatest h'' (2
 constexpr double kAboveSaturatedWaterAt623 = 1670858.22;  // h' at 623.15 K, up
 constexpr double kSaturatedSteamAtIcePoint = 2500892.617817171;  // h'' at 273.15 K: below it, wet
 
-// The enthalpy side of a (p,h) evaluation.
-struct ByEnthalpy {
-    static int area(WaterModel& w, double p, double h) { return w.REGIONPH(p, h); }
-    static double region1(WaterModel& w, double p, double h) { return w.T1PH(p, h); }
-    static double region2(WaterModel& w, double p, double h) { return w.T2PH(p, h); }
-    static double region5(WaterModel& w, double p, double h) { return w.T5PH(p, h); }
-    // On the boundary itself the point is 3a.
-    static bool subregion3a(WaterModel& w, double p, double h) { return h <= w.H3AB(p); }
-    static double volume3a(WaterModel& w, double p, double h) { return w.V3APH(p, h); }
-    static double volume3b(WaterModel& w, double p, double h) { return w.V3BPH(p, h); }
-    static double temperature3a(WaterModel& w, double p, double h) { return w.T3APH(p, h); }
-    static double temperature3b(WaterModel& w, double p, double h) { return w.T3BPH(p, h); }
-    static void refine3(WaterModel& w, double p, double h, double& rho, double& T) { w.SolveRegion3PH(p, h, rho, T); }
-    static double saturatedWater(WaterModel& w, double Ts) { return w.HSWT(Ts); }
-    static double saturatedSteam(WaterModel& w, double Ts) { return w.HSST(Ts); }
-};
+// The enthalpy side of a (p,h) evaluation. On the 3a/3b boundary itself the point is 3a.
+constexpr backward::BackwardEquations kByEnthalpy = {
+    &WaterModel::REGIONPH, &WaterModel::T1PH, &WaterModel::T2PH, &WaterModel::T5PH,
+    [](WaterModel& w, double p, double h) { return h <= w.H3AB(p); },
+    &WaterModel::V3APH, &WaterModel::V3BPH, &WaterModel::T3APH, &WaterModel::T3BPH,
+    &WaterModel::SolveRegion3PH, &WaterModel::HSWT, &WaterModel::HSST};
 
 // Far more than the rounding of H1PT(p, TSP(p)), the saturated water enthalpy.
 constexpr double kSaturatedWaterEnthalpyWidening = 1e-3;  // J/kg
@@ -130,42 +120,7 @@ int WaterModel::REGIONPH(double p, double h) {
 
 int WaterModel::WATERSTATEAREAPH(double p, double h) { return REGIONPH(p, h); }
 
-double WaterModel::TPH(double p, double h) { return backward::temperature<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::VPH(double p, double h) { return backward::specificVolume<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::UPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kInternalEnergy, &WaterModel::USTX, p, h);
-}
-
-double WaterModel::SPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kEntropy, &WaterModel::SSTX, p, h);
-}
-
-double WaterModel::CPPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, p, h);
-}
-
-double WaterModel::CVPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, p, h);
-}
-
-double WaterModel::WPH(double p, double h) {
-    return backward::regionProperty<ByEnthalpy>(*this, kSpeedOfSound, &WaterModel::WSTX, p, h);
-}
-
-double WaterModel::JOULETHOMPSONPH(double p, double h) { return backward::jouleThomson<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::THERMCONDPH(double p, double h) { return backward::conductivity<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::DYNVISPH(double p, double h) { return backward::viscosity<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::KINVISPH(double p, double h) { return backward::kinematicViscosity<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::PRANDTLEPH(double p, double h) { return backward::prandtl<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::KPH(double p, double h) { return backward::isentropicExponent<ByEnthalpy>(*this, p, h); }
-
-double WaterModel::XPH(double p, double h) { return backward::drynessFraction<ByEnthalpy>(*this, p, h); }
+// Every property: the shared evaluation of (p,h) and (p,s) with the enthalpy as input.
+#include "water/dispatch/generated/ph_dispatch.inc"
 
 }  // namespace tvl

@@ -1,8 +1,9 @@
 // The evaluation that the (p,h) and (p,s) families share. The selection gives the area, the
 // region's backward function the temperature (in region 3 with the density), and a property is
 // then the region's equation at that state, or in the wet area the (T, x) rule of the mixture at
-// the saturation temperature. The two families differ only in what their Input policy names:
-// the selection, the backward functions, the 3a/3b test and the saturated values that give x.
+// the saturation temperature. The two families differ only in the table of their input
+// (BackwardEquations): the selection, the backward functions, the 3a/3b test and the saturated
+// values that give x.
 #ifndef TAVLIB6_PH_PS_EVALUATION_H
 #define TAVLIB6_PH_PS_EVALUATION_H
 
@@ -11,6 +12,25 @@
 #include "water/formulation/water_model.h"
 
 namespace tvl::backward {
+
+// The equations that a (p,h) or (p,s) evaluation reads, y being h or s: the selection, the
+// backward functions of regions 1, 2 and 5, the subregion test of region 3 and the subregions'
+// backward functions, the refinement on region 3's basic equation, and the saturated values that
+// give the dryness fraction.
+struct BackwardEquations {
+    int (WaterModel::*area)(double p, double y);
+    double (WaterModel::*region1)(double p, double y);
+    double (WaterModel::*region2)(double p, double y);
+    double (WaterModel::*region5)(double p, double y);
+    bool (*subregion3a)(WaterModel& w, double p, double y);
+    double (WaterModel::*volume3a)(double p, double y);
+    double (WaterModel::*volume3b)(double p, double y);
+    double (WaterModel::*temperature3a)(double p, double y);
+    double (WaterModel::*temperature3b)(double p, double y);
+    void (WaterModel::*refine3)(double p, double y, double& rho, double& T);
+    double (WaterModel::*saturatedWater)(double Ts);
+    double (WaterModel::*saturatedSteam)(double Ts);
+};
 
 // The state that a (p,h) or (p,s) pair names. In region 3 it carries the density and the volume
 // as the backward equation or the refinement left them; in the wet area (4) T is the saturation
@@ -25,15 +45,15 @@ struct State {
 // Region 3 from the backward equations of the subregion, refined on the basic equation while
 // toleranceMode is on. T is published before and after the refinement, so that a failed search
 // leaves the start behind.
-template <class Input>
+template <const BackwardEquations& Input>
 State region3State(WaterModel& w, double p, double y) {
-    const bool a = Input::subregion3a(w, p, y);
-    double v = a ? Input::volume3a(w, p, y) : Input::volume3b(w, p, y);
+    const bool a = Input.subregion3a(w, p, y);
+    double v = a ? (w.*Input.volume3a)(p, y) : (w.*Input.volume3b)(p, y);
     double rho = 1.0 / v;
-    double T = a ? Input::temperature3a(w, p, y) : Input::temperature3b(w, p, y);
+    double T = a ? (w.*Input.temperature3a)(p, y) : (w.*Input.temperature3b)(p, y);
     w.solved.PublishTemperature(T);
     if (w.settings.refining()) {
-        Input::refine3(w, p, y, rho, T);
+        (w.*Input.refine3)(p, y, rho, T);
         v = 1.0 / rho;
     }
     w.solved.PublishTemperature(T);
@@ -45,23 +65,23 @@ using Region3Solver = State (*)(WaterModel&, double, double);
 // Every path of the selections that answers 4 has worked out and published Ts = TSP(p).
 inline double saturationTemperatureOfTheSelection(const WaterModel& w) { return w.solved.solvedTemperature; }
 
-template <class Input>
+template <const BackwardEquations& Input>
 State solveState(WaterModel& w, double p, double y, Region3Solver region3 = &region3State<Input>) {
-    switch (Input::area(w, p, y)) {
-    case 1: return {1, Input::region1(w, p, y)};
-    case 2: return {2, Input::region2(w, p, y)};
+    switch ((w.*Input.area)(p, y)) {
+    case 1: return {1, (w.*Input.region1)(p, y)};
+    case 2: return {2, (w.*Input.region2)(p, y)};
     case 3: return region3(w, p, y);
     case 4: return {4, saturationTemperatureOfTheSelection(w)};
-    case 5: return {5, Input::region5(w, p, y)};
+    case 5: return {5, (w.*Input.region5)(p, y)};
     default: throw kUnknownArea;
     }
 }
 
 // The dryness fraction of a wet state, from the saturated values at Ts.
-template <class Input>
+template <const BackwardEquations& Input>
 double dryness(WaterModel& w, double y, double Ts) {
-    const double water = Input::saturatedWater(w, Ts);
-    return (y - water) / (Input::saturatedSteam(w, Ts) - water);
+    const double water = (w.*Input.saturatedWater)(Ts);
+    return (y - water) / ((w.*Input.saturatedSteam)(Ts) - water);
 }
 
 // ---- One phase ----
@@ -91,7 +111,7 @@ inline double density(double v, const State& s) { return s.area == 3 ? s.rho : 1
 
 // In the wet area, the rule of the mixture at (Ts, x); it refuses, with checks on, what has no
 // meaning there. Elsewhere, onePhase(state).
-template <class Input, class OnePhase>
+template <const BackwardEquations& Input, class OnePhase>
 double evaluate(WaterModel& w, double p, double y, double (WaterModel::*wet)(double T, double x), OnePhase onePhase,
                 Region3Solver region3 = &region3State<Input>) {
     const State s = solveState<Input>(w, p, y, region3);
@@ -99,47 +119,47 @@ double evaluate(WaterModel& w, double p, double y, double (WaterModel::*wet)(dou
     return onePhase(s);
 }
 
-template <class Input>
+template <const BackwardEquations& Input>
 double temperature(WaterModel& w, double p, double y) {
     return solveState<Input>(w, p, y).T;
 }
 
 // A property that has an equation in each region, and its rule in the wet area.
-template <class Input>
-double regionProperty(WaterModel& w, const RegionEquations& e, double (WaterModel::*wet)(double T, double x), double p,
-                      double y, Region3Solver region3 = &region3State<Input>) {
-    return evaluate<Input>(w, p, y, wet, [&](const State& s) { return onePhase(w, e, p, s); }, region3);
+template <const BackwardEquations& Input>
+double regionProperty(WaterModel& w, const RegionEquations& e, double p, double y,
+                      Region3Solver region3 = &region3State<Input>) {
+    return evaluate<Input>(w, p, y, e.wet, [&](const State& s) { return onePhase(w, e, p, s); }, region3);
 }
 
-template <class Input>
+template <const BackwardEquations& Input>
 double specificVolume(WaterModel& w, double p, double y) {
     return evaluate<Input>(w, p, y, &WaterModel::VSTX, [&](const State& s) { return volume(w, p, s); });
 }
 
 // Along the wet area an isenthalp crosses no isotherm at fixed p: the coefficient is the
 // inverse slope of the saturation line, whatever x is.
-template <class Input>
+template <const BackwardEquations& Input>
 double jouleThomson(WaterModel& w, double p, double y) {
     const State s = solveState<Input>(w, p, y);
     if (s.area == 4) return 1.0 / w.DPDTST(s.T);
     return onePhase(w, kJouleThomson, p, s);
 }
 
-template <class Input>
+template <const BackwardEquations& Input>
 double conductivity(WaterModel& w, double p, double y) {
     return evaluate<Input>(w, p, y, &WaterModel::THERMCONDSTX, [&](const State& s) {
         return w.THERMCONDRT(density(volume(w, p, s), s), s.T);
     });
 }
 
-template <class Input>
+template <const BackwardEquations& Input>
 double viscosity(WaterModel& w, double p, double y) {
     return evaluate<Input>(w, p, y, &WaterModel::DYNVISSTX, [&](const State& s) {
         return w.DYNVISRT(density(volume(w, p, s), s), s.T);
     });
 }
 
-template <class Input>
+template <const BackwardEquations& Input>
 double kinematicViscosity(WaterModel& w, double p, double y) {
     return evaluate<Input>(w, p, y, &WaterModel::KINVISSTX, [&](const State& s) {
         const double v = volume(w, p, s);
@@ -147,7 +167,7 @@ double kinematicViscosity(WaterModel& w, double p, double y) {
     });
 }
 
-template <class Input>
+template <const BackwardEquations& Input>
 double prandtl(WaterModel& w, double p, double y) {
     return evaluate<Input>(w, p, y, &WaterModel::PRANDTLESTX, [&](const State& s) {
         const double rho = density(volume(w, p, s), s);
@@ -156,7 +176,7 @@ double prandtl(WaterModel& w, double p, double y) {
 }
 
 // The exponent of the isentrope p v^K = constant, taken locally: w^2 / (p v), not cp/cv.
-template <class Input>
+template <const BackwardEquations& Input>
 double isentropicExponent(WaterModel& w, double p, double y) {
     return evaluate<Input>(w, p, y, &WaterModel::KSTX, [&](const State& s) {
         const double speed = onePhase(w, kSpeedOfSound, p, s);
@@ -166,9 +186,9 @@ double isentropicExponent(WaterModel& w, double p, double y) {
 
 // Only a wet state has a dryness fraction: anything else is out of range, with or without
 // checks.
-template <class Input>
+template <const BackwardEquations& Input>
 double drynessFraction(WaterModel& w, double p, double y) {
-    if (Input::area(w, p, y) != 4) throw kOutOfRange;
+    if ((w.*Input.area)(p, y) != 4) throw kOutOfRange;
     return dryness<Input>(w, y, saturationTemperatureOfTheSelection(w));
 }
 

@@ -9,22 +9,45 @@ namespace tvl {
 
 namespace {
 
-// The entropy side of a (p,s) evaluation.
-struct ByEntropy {
-    static int area(WaterModel& w, double p, double s) { return w.REGIONPS(p, s); }
-    static double region1(WaterModel& w, double p, double s) { return w.T1PS(p, s); }
-    static double region2(WaterModel& w, double p, double s) { return w.T2PS(p, s); }
-    static double region5(WaterModel& w, double p, double s) { return w.T5PS(p, s); }
-    // On the boundary, the critical entropy, the point is 3a.
-    static bool subregion3a(WaterModel&, double, double s) { return s <= kCriticalEntropy; }
-    static double volume3a(WaterModel& w, double p, double s) { return w.V3APS(p, s); }
-    static double volume3b(WaterModel& w, double p, double s) { return w.V3BPS(p, s); }
-    static double temperature3a(WaterModel& w, double p, double s) { return w.T3APS(p, s); }
-    static double temperature3b(WaterModel& w, double p, double s) { return w.T3BPS(p, s); }
-    static void refine3(WaterModel& w, double p, double s, double& rho, double& T) { w.SolveRegion3PS(p, s, rho, T); }
-    static double saturatedWater(WaterModel& w, double Ts) { return w.SSWT(Ts); }
-    static double saturatedSteam(WaterModel& w, double Ts) { return w.SSST(Ts); }
-};
+// The entropies of the selection, J/(kg K), as stored, each beside the boundary point it stands
+// for. Most are rounded outward for the band that uses them. Four of them are rounded the
+// other way by a few 1e-4 J/(kg K) or less ("in"): within that sliver, which is a few hundred
+// pascals wide at the band's edge, a point takes the neighbouring region's equations, whose
+// extrapolation there is far inside their accuracy. The values are those of the library's
+// results and stay as they are. T23 is the B23 temperature T23P(p), pc = 22.064 MPa.
+
+// Above 50 MPa.
+constexpr double kOnlyRegion2Above50MPa = 5098.0;           // S2PT(100 MPa, T23) = 5097.969, up
+constexpr double kOnlyRegion1Above50MPa = 3397.7;           // S1PT(100 MPa, 623.15 K) = 3397.783, down
+constexpr double kRegion1At50MPa = 3542.992;                // S1PT(50 MPa, 623.15 K) = 3542.99172, up
+constexpr double kOnlyRegion3Above50MPa = 5047.0;           // below S2PT(p, T23): 5051.220 at 50 MPa
+
+// Above the critical pressure, up to 50 MPa.
+constexpr double kOnlyRegion1AboveCritical = kRegion1At50MPa;  // the same point from above: in
+constexpr double kOnlyRegion5AboveCritical = 7000.7;           // S2PT(pc, 1073.15 K) = 7000.636, up
+constexpr double kRegion1AtCritical = 3706.79;                 // S1PT(pc, 623.15 K) = 3706.79042, in
+constexpr double kOnlyRegion3AboveCritical = 5051.2;           // S2PT(50 MPa, T23) = 5051.220, down
+constexpr double kB23AtCritical = 5240.347;                    // S2PT(pc, T23(pc)) = 5240.34726, in
+constexpr double kOnlyRegion2AboveCritical = 6522.64;          // S2PT(50 MPa, 1073.15 K) = 6522.6423, down
+
+// From the B23 pressure at 623.15 K up to the critical pressure.
+constexpr double kOnlyRegion1BelowCritical = kRegion1AtCritical;  // S1PT(pc, 623.15 K), down
+constexpr double kSaturatedWaterAt623 = 3778.281339543;           // s' at 623.15 K = 3778.281339543938, in
+constexpr double kOnlyRegion5FromP623 = 7153.71;                  // S2PT(P623, 1073.15 K) = 7153.707, up
+constexpr double kRegion5BelowCritical = 7000.63;                 // S2PT(pc, 1073.15 K) = 7000.636, down
+constexpr double kOnlyRegion2FromP623 = 5261.0;                   // above S2PT(p, T23): 5240.347 at pc
+constexpr double kSaturatedSteamAt623 = 5210.888;                 // s'' at 623.15 K = 5210.887825, up
+// Near the entropy of the saturated states at the critical temperature (SSWT(647.096 K) =
+// 4411.55970): above it the wet test's density search starts from the steam side.
+constexpr double kRegion3SteamSideStart = 4411.559751434355;
+
+// The entropy side of a (p,s) evaluation. On the 3a/3b boundary, the critical entropy, the point
+// is 3a.
+constexpr backward::BackwardEquations kByEntropy = {
+    &WaterModel::REGIONPS, &WaterModel::T1PS, &WaterModel::T2PS, &WaterModel::T5PS,
+    [](WaterModel&, double, double s) { return s <= kCriticalEntropy; },
+    &WaterModel::V3APS, &WaterModel::V3BPS, &WaterModel::T3APS, &WaterModel::T3BPS,
+    &WaterModel::SolveRegion3PS, &WaterModel::SSWT, &WaterModel::SSST};
 
 // cp, cv and w by (p,s) take region 3 another way, which callers see in the last digits: T from
 // T3PS, then the density of the (p,T) family at that temperature.
@@ -32,6 +55,10 @@ backward::State region3ByTemperature(WaterModel& w, double p, double s) {
     const double T = w.T3PS(p, s);
     const double rho = w.R3PT(p, T);
     return {3, T, rho, 1.0 / rho};
+}
+
+double propertyThroughT3PS(WaterModel& w, const RegionEquations& e, double p, double s) {
+    return backward::regionProperty<kByEntropy>(w, e, p, s, &region3ByTemperature);
 }
 
 // Bounds per pressure bucket of the entropies that the selection compares s with: the saturated
@@ -70,33 +97,33 @@ int WaterModel::REGIONPS(double p, double s) {
 
     // Above the pressure limit of region 5 the wet area is far away too.
     if (p > kRegion5HighestPressure) {
-        if (s > 5098.0) return 2;
-        if (s < 3397.7) return 1;
-        if (s <= 3542.992) return region1Or3();
-        if (s < 5047.0) return 3;
+        if (s > kOnlyRegion2Above50MPa) return 2;
+        if (s < kOnlyRegion1Above50MPa) return 1;
+        if (s <= kRegion1At50MPa) return region1Or3();
+        if (s < kOnlyRegion3Above50MPa) return 3;
         return region3Or2();
     }
     if (p > kCriticalPressure) {
-        if (s < 3542.992) return 1;
-        if (s > 7000.7) return 5;
-        if (s < 3706.79) return region1Or3();
-        if (s < 5051.2) return 3;
-        if (s < 5240.347) return region3Or2();
-        if (s < 6522.64) return 2;
+        if (s < kOnlyRegion1AboveCritical) return 1;
+        if (s > kOnlyRegion5AboveCritical) return 5;
+        if (s < kRegion1AtCritical) return region1Or3();
+        if (s < kOnlyRegion3AboveCritical) return 3;
+        if (s < kB23AtCritical) return region3Or2();
+        if (s < kOnlyRegion2AboveCritical) return 2;
         return region2Or5();
     }
     if (p >= kP623) {
-        if (s < 3706.79) return 1;
-        if (s < 3778.281339543) return region1Or3();
-        if (s > 7153.71) return 5;
-        if (s > 7000.63) return region2Or5();
-        if (s > 5261.0) return 2;
-        if (s > 5210.888) return region3Or2();
+        if (s < kOnlyRegion1BelowCritical) return 1;
+        if (s < kSaturatedWaterAt623) return region1Or3();
+        if (s > kOnlyRegion5FromP623) return 5;
+        if (s > kRegion5BelowCritical) return region2Or5();
+        if (s > kOnlyRegion2FromP623) return 2;
+        if (s > kSaturatedSteamAt623) return region3Or2();
         // Between the saturated states of region 3: the side of the critical entropy decides
         // which saturated density the search starts from.
         const double Ts = TSP(p);
         solved.PublishTemperature(Ts);
-        if (s > 4411.559751434355) return S3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > s ? 4 : 3;
+        if (s > kRegion3SteamSideStart) return S3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > s ? 4 : 3;
         return S3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < s ? 4 : 3;
     }
     if (p < kIcePointSaturationPressure) return region2Or5();
@@ -119,45 +146,8 @@ int WaterModel::WATERSTATEAREAPS(double p, double s) {
     return area;
 }
 
-double WaterModel::TPS(double p, double s) { return backward::temperature<ByEntropy>(*this, p, s); }
-
-double WaterModel::VPS(double p, double s) { return backward::specificVolume<ByEntropy>(*this, p, s); }
-
-double WaterModel::UPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kInternalEnergy, &WaterModel::USTX, p, s);
-}
-
-double WaterModel::HPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kEnthalpy, &WaterModel::HSTX, p, s);
-}
-
-double WaterModel::CPPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kIsobaricHeatCapacity, &WaterModel::CPSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::CVPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kIsochoricHeatCapacity, &WaterModel::CVSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::WPS(double p, double s) {
-    return backward::regionProperty<ByEntropy>(*this, kSpeedOfSound, &WaterModel::WSTX, p, s,
-                                               &region3ByTemperature);
-}
-
-double WaterModel::JOULETHOMPSONPS(double p, double s) { return backward::jouleThomson<ByEntropy>(*this, p, s); }
-
-double WaterModel::THERMCONDPS(double p, double s) { return backward::conductivity<ByEntropy>(*this, p, s); }
-
-double WaterModel::DYNVISPS(double p, double s) { return backward::viscosity<ByEntropy>(*this, p, s); }
-
-double WaterModel::KINVISPS(double p, double s) { return backward::kinematicViscosity<ByEntropy>(*this, p, s); }
-
-double WaterModel::PRANDTLEPS(double p, double s) { return backward::prandtl<ByEntropy>(*this, p, s); }
-
-double WaterModel::KPS(double p, double s) { return backward::isentropicExponent<ByEntropy>(*this, p, s); }
-
-double WaterModel::XPS(double p, double s) { return backward::drynessFraction<ByEntropy>(*this, p, s); }
+// Every property: the shared evaluation of (p,h) and (p,s) with the entropy as input, cp, cv and
+// w with region 3 through T3PS.
+#include "water/dispatch/generated/ps_dispatch.inc"
 
 }  // namespace tvl

@@ -96,15 +96,11 @@ int WaterModel::PHASESTATEPT(double p, double T) const {
     return p > PST(T) ? 1 : 2;
 }
 
+// u, s, h, cp, cv, w and the Joule-Thomson coefficient: propertyPT with the property's table.
+#include "water/dispatch/generated/pt_dispatch.inc"
+
 double WaterModel::VPT(double p, double T) { return volume(*this, p, T, selectPT(*this, p, T)); }
 double WaterModel::DPT(double p, double T) { return density(*this, p, T, selectPT(*this, p, T)); }
-double WaterModel::UPT(double p, double T) { return propertyPT(*this, kInternalEnergy, p, T); }
-double WaterModel::SPT(double p, double T) { return propertyPT(*this, kEntropy, p, T); }
-double WaterModel::HPT(double p, double T) { return propertyPT(*this, kEnthalpy, p, T); }
-double WaterModel::CPPT(double p, double T) { return propertyPT(*this, kIsobaricHeatCapacity, p, T); }
-double WaterModel::CVPT(double p, double T) { return propertyPT(*this, kIsochoricHeatCapacity, p, T); }
-double WaterModel::WPT(double p, double T) { return propertyPT(*this, kSpeedOfSound, p, T); }
-double WaterModel::JOULETHOMPSONPT(double p, double T) { return propertyPT(*this, kJouleThomson, p, T); }
 StateProperties WaterModel::VUSHCVWDERPTPT(double p, double T) { return propertyPT(*this, kStateProperties, p, T); }
 
 // Transport and derived properties by (p,T): the density is the reciprocal of the volume.

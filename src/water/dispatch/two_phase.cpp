@@ -22,27 +22,45 @@ void refuseUnderChecks(const ModelSettings& settings) {
     if (settings.checksOn()) throw kOutOfRange;
 }
 
-// A property of the two saturated phases that has no meaning for the wet mixture: refused with
-// checks on; without them the phases' values are mixed, or x is worked out from them.
+// A property of the two saturated phases by T, water's and steam's.
 struct SaturatedPair {
     double (WaterModel::*water)(double T);
     double (WaterModel::*steam)(double T);
 };
 
+// The properties that mix linearly in x; cv is that of each phase's two-phase side.
+constexpr SaturatedPair kVolume = {&WaterModel::VSWT, &WaterModel::VSST};
+constexpr SaturatedPair kInternalEnergy = {&WaterModel::USWT, &WaterModel::USST};
+constexpr SaturatedPair kEntropy = {&WaterModel::SSWT, &WaterModel::SSST};
+constexpr SaturatedPair kEnthalpy = {&WaterModel::HSWT, &WaterModel::HSST};
+constexpr SaturatedPair kIsochoricHeat = {&WaterModel::CVDPSWT, &WaterModel::CVDPSST};
+
+// The properties that have no meaning for the wet mixture: refused with checks on; without them
+// the phases' values are mixed, or x is worked out from them. The kinematic viscosities of the
+// phases mix, and so do their Prandtl numbers: a mean of the phases' values, not the value of
+// mean properties.
 constexpr SaturatedPair kIsobaricHeat = {&WaterModel::CPSWT, &WaterModel::CPSST};
 constexpr SaturatedPair kConductivity = {&WaterModel::THERMCONDSWT, &WaterModel::THERMCONDSST};
 constexpr SaturatedPair kViscosity = {&WaterModel::DYNVISSWT, &WaterModel::DYNVISSST};
 constexpr SaturatedPair kKinematicViscosity = {&WaterModel::KINVISSWT, &WaterModel::KINVISSST};
 constexpr SaturatedPair kPrandtl = {&WaterModel::PRANDTLESWT, &WaterModel::PRANDTLESST};
 
+double mixed(WaterModel& w, const SaturatedPair& pair, double T, double x) {
+    return mix((w.*pair.water)(T), (w.*pair.steam)(T), x);
+}
+
+double fractionOf(WaterModel& w, const SaturatedPair& pair, double T, double y) {
+    return fraction((w.*pair.water)(T), (w.*pair.steam)(T), y);
+}
+
 double refusedMix(WaterModel& w, const SaturatedPair& pair, double T, double x) {
     refuseUnderChecks(w.settings);
-    return mix((w.*pair.water)(T), (w.*pair.steam)(T), x);
+    return mixed(w, pair, T, x);
 }
 
 double refusedFraction(WaterModel& w, const SaturatedPair& pair, double T, double y) {
     refuseUnderChecks(w.settings);
-    return fraction((w.*pair.water)(T), (w.*pair.steam)(T), y);
+    return fractionOf(w, pair, T, y);
 }
 
 // The equilibrium mixture along the line: with A = -cv / (T g^2) of each phase on its two-phase
@@ -71,12 +89,10 @@ double exponentOfMixture(const WetCompressibility& wet, double x) {
 
 }  // namespace
 
-// ---- Mixture by (T, x) ----
+// The mixtures and dryness fractions of the saturated pairs above.
+#include "water/dispatch/generated/two_phase.inc"
 
-double WaterModel::VSTX(double T, double x) { return mix(VSWT(T), VSST(T), x); }
-double WaterModel::USTX(double T, double x) { return mix(USWT(T), USST(T), x); }
-double WaterModel::SSTX(double T, double x) { return mix(SSWT(T), SSST(T), x); }
-double WaterModel::HSTX(double T, double x) { return mix(HSWT(T), HSST(T), x); }
+// ---- Mixture by (T, x) ----
 
 // The volumes mix, not the densities.
 double WaterModel::DSTX(double T, double x) {
@@ -84,8 +100,6 @@ double WaterModel::DSTX(double T, double x) {
     const double steam = DSST(T);
     return water * steam / mix(steam, water, x);
 }
-
-double WaterModel::CVSTX(double T, double x) { return mix(CVDPSWT(T), CVDPSST(T), x); }
 
 double WaterModel::KSTX(double T, double x) { return exponentOfMixture(wetCompressibility(*this, T), x); }
 
@@ -98,41 +112,13 @@ double WaterModel::WSTX(double T, double x) {
 // An isenthalp crosses the wet area along no isotherm at fixed p: the inverse slope of the line.
 double WaterModel::JOULETHOMPSONSTX(double T, double) { return 1.0 / DPDTST(T); }
 
-double WaterModel::CPSTX(double T, double x) { return refusedMix(*this, kIsobaricHeat, T, x); }
-
-double WaterModel::THERMCONDSTX(double T, double x) { return refusedMix(*this, kConductivity, T, x); }
-
-double WaterModel::DYNVISSTX(double T, double x) { return refusedMix(*this, kViscosity, T, x); }
-
-// The kinematic viscosities of the phases mix, and so do their Prandtl numbers: a mean of the
-// phases' values, not the value of mean properties.
-double WaterModel::KINVISSTX(double T, double x) { return refusedMix(*this, kKinematicViscosity, T, x); }
-
-double WaterModel::PRANDTLESTX(double T, double x) { return refusedMix(*this, kPrandtl, T, x); }
-
 // ---- Dryness fraction from T and a property ----
-
-double WaterModel::XSTV(double T, double v) { return fraction(VSWT(T), VSST(T), v); }
-double WaterModel::XSTU(double T, double u) { return fraction(USWT(T), USST(T), u); }
-double WaterModel::XSTS(double T, double s) { return fraction(SSWT(T), SSST(T), s); }
-double WaterModel::XSTH(double T, double h) { return fraction(HSWT(T), HSST(T), h); }
-double WaterModel::XSTCV(double T, double cv) { return fraction(CVDPSWT(T), CVDPSST(T), cv); }
 
 double WaterModel::XSTD(double T, double rho) {
     const double water = DSWT(T);
     const double steam = DSST(T);
     return (water - rho) * (steam / rho) / (water - steam);
 }
-
-double WaterModel::XSTCP(double T, double cp) { return refusedFraction(*this, kIsobaricHeat, T, cp); }
-
-double WaterModel::XSTTHERMCOND(double T, double tc) { return refusedFraction(*this, kConductivity, T, tc); }
-
-double WaterModel::XSTDYNVIS(double T, double viscosity) { return refusedFraction(*this, kViscosity, T, viscosity); }
-
-double WaterModel::XSTKINVIS(double T, double nu) { return refusedFraction(*this, kKinematicViscosity, T, nu); }
-
-double WaterModel::XSTPRANDTLE(double T, double prandtl) { return refusedFraction(*this, kPrandtl, T, prandtl); }
 
 // The rule of KSTX solved for x: k p ((1 - x) A' + x A'') = -((1 - x) v' + x v'').
 double WaterModel::XSTK(double T, double exponent) {

@@ -5,27 +5,11 @@
 
 #include "water/formulation/polynomial.h"
 #include "water/formulation/tables/boundary_coefficients.h"
+#include "water/formulation/tables/library_fits.h"
 #include "water/formulation/tables/region2_coefficients.h"
 #include "water/formulation/water_model.h"
 
 namespace tvl {
-
-namespace {
-
-// pB23(h,s): no release behind it; the partner of TB23(h,s) in the (h,s) region test.
-constexpr PowerTerm kPB23HS[25] = {
-    {-12, 5, -2.22398432349771e-11}, {-8, 12, -10.8704435512293},  {-6, 4, 2.26734933246501e-05},
-    {-6, 10, 41.0699534744719},      {-5, 10, 45.7617265426167},   {-4, 8, -39.140733054354},
-    {-2, 4, -1.83645483513209},      {-1, -3, 4.8671060887632e-07}, {-1, 3, -6.07327803392055},
-    {-1, 4, -46.6409156241396},      {0, 2, 37.7535913883017},     {2, -2, 0.714167086117101},
-    {2, -1, -15.9503458100286},      {2, 2, 73.0359378011073},     {3, -8, -9.79829825313995e-09},
-    {3, -2, 12.4649481234302},       {3, 0, -32.7742979620228},    {4, -3, -2.34091413743119},
-    {5, -6, -0.0106993499596958},    {6, -3, 2.27462405219834},    {8, -12, -7.59961482424429e-08},
-    {8, -10, 0.000176247550441561},  {10, -12, -2.91489941272419e-05}, {10, -8, -0.0187040904148735},
-    {12, -12, 0.00017055900140173},
-};
-
-}  // namespace
 
 double WaterModel::P23T(double T) const {
     return (kB23[0] + T * kB23[1] + T * kB23[2] * T) * 1e6;
@@ -50,26 +34,30 @@ double WaterModel::H2AB(double s) const {
 }
 
 double WaterModel::HB13S(double s) {
-    return 1.7e6 * evaluatePowerSum<kHB13S>(xPowers, yPowers, s / 3800.0 - 0.884, s / 3800.0 - 0.864);
+    return kHB13SForm.result * evaluateReducedSum<kHB13S, kHB13SForm>(xPowers, yPowers, s, s);
 }
 
 double WaterModel::TB23HS(double h, double s) {
-    return 900.0 * evaluatePowerSum<kTB23HS>(xPowers, yPowers, h / 3e6 - 0.727, s / 5300.0 - 0.864);
+    return kTB23HSForm.result * evaluateReducedSum<kTB23HS, kTB23HSForm>(xPowers, yPowers, h, s);
 }
 
+// pB23(h,s): no release behind it; the library's partner of TB23(h,s) in the (h,s) region test.
 double WaterModel::PB23HS(double h, double s) {
-    return 1e8 * evaluatePowerSum<kPB23HS>(xPowers, yPowers, h / 3e6 - 0.709, s / 5300.0 - 0.824);
+    return kPB23HSPressure * evaluatePowerSum<kPB23HS>(xPowers, yPowers, h / kPB23HSEnthalpy - kPB23HSEnthalpyShift,
+                                                       s / kPB23HSEntropy - kPB23HSEntropyShift);
 }
 
 // One saturated-liquid curve serves every entropy up to the critical one: the region 3
 // equation h3a'(s).
 double WaterModel::ROUGHHSWS(double s) {
-    return 1.7e6 * evaluatePowerSum<kH3aLiquidS>(xPowers, yPowers, s / 3800.0 - 1.09, s / 3800.0 + 3.66e-5);
+    return kH3aLiquidSForm.result * evaluateReducedSum<kH3aLiquidS, kH3aLiquidSForm>(xPowers, yPowers, s, s);
 }
 
 // One saturated-vapour curve serves every entropy above the critical one: h2ab''(s).
 double WaterModel::ROUGHHSSS(double s) {
-    return 2.8e6 * std::exp(evaluatePowerSum<kH2abVapourS>(xPowers, yPowers, 5210.0 / s - 0.513, s / 9200.0 - 0.524));
+    const double x = kH2abVapourSForm.x.scale / s + kH2abVapourSForm.x.shift;
+    return kH2abVapourSForm.result *
+           std::exp(evaluatePowerSum<kH2abVapourS>(xPowers, yPowers, x, reduce(s, kH2abVapourSForm.y)));
 }
 
 }  // namespace tvl

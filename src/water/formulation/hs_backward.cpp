@@ -25,7 +25,7 @@ constexpr double kRefinementHalfWidth = 0.5;
 }  // namespace
 
 double WaterModel::T4HSEquation(double h, double s) {
-    return 550.0 * evaluatePowerSum<kTsatHS>(xPowers, yPowers, h / 2.8e6 - 0.119, s / 9200.0 - 1.07);
+    return kTsatHSForm.result * evaluateReducedSum<kTsatHS, kTsatHSForm>(xPowers, yPowers, h, s);
 }
 
 // The stop limit is a plain product with h, fixed once: a non-positive h leaves the loop to the

@@ -50,6 +50,13 @@ double evaluatePowerSum(PowerTable& xPowers, PowerTable& yPowers, double x, doub
     return powerSum(Table, xPowers, yPowers);
 }
 
+// The same at the arguments a and b reduced the usual way (a/scale + shift), the result's
+// scale left to the caller.
+template <const auto& Table, const ReducedForm& Form>
+double evaluateReducedSum(PowerTable& xPowers, PowerTable& yPowers, double a, double b) {
+    return evaluatePowerSum<Table>(xPowers, yPowers, reduce(a, Form.x), reduce(b, Form.y));
+}
+
 }  // namespace tvl
 
 #endif

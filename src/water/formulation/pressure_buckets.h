@@ -64,7 +64,7 @@ public:
     const double* upperBounds() const { return upper; }
 
 private:
-    static constexpr uint64_t kMaxCount = 16 * 17;  // 17 octaves, from 611 Pa past 50 MPa
+    static constexpr uint64_t kMaxCount = 16 * 18;  // 18 octaves, from 611 Pa past 100 MPa
 
     static double pressureAt(uint64_t key) {
         const uint64_t bits = key << 48;

@@ -111,19 +111,19 @@ StateProperties WaterModel::VUSHCVWDERPT1PT(double p, double T) {
 // ---- Backward equations ----
 
 double WaterModel::T1PHEquation(double p, double h) {
-    const double T = evaluatePowerSum<kT1PH>(xPowers, yPowers, p / 1e6, h / 2.5e6 + 1.0);
+    const double T = evaluatePowerSum<kT1PH>(xPowers, yPowers, p / kT1PHForm.x.scale, reduce(h, kT1PHForm.y));
     solved.PublishTemperature(T);
     return T;
 }
 
 double WaterModel::T1PSEquation(double p, double s) {
-    const double T = evaluatePowerSum<kT1PS>(xPowers, yPowers, p / 1e6, s / 1000.0 + 2.0);
+    const double T = evaluatePowerSum<kT1PS>(xPowers, yPowers, p / kT1PSForm.x.scale, reduce(s, kT1PSForm.y));
     solved.PublishTemperature(T);
     return T;
 }
 
 double WaterModel::P1HSEquation(double h, double s) {
-    const double p = 1e8 * evaluatePowerSum<kP1HS>(xPowers, yPowers, h / 3.4e6 + 0.05, s / 7600.0 + 0.05);
+    const double p = kP1HSForm.result * evaluateReducedSum<kP1HS, kP1HSForm>(xPowers, yPowers, h, s);
     solved.PublishPressure(p);
     return p;
 }

@@ -45,44 +45,49 @@ double fourthPowerTimes(double sum, double reducingPressure) {
 // ---- Raw subregion equations: no publication, no refinement ----
 
 double WaterModel::T2APH(double p, double h) {
-    return evaluatePowerSum<kT2APH>(xPowers, yPowers, p / 1e6, h / 2e6 - 2.1);
+    return evaluatePowerSum<kT2APH>(xPowers, yPowers, p / kT2APHForm.x.scale, reduce(h, kT2APHForm.y));
 }
 
 double WaterModel::T2BPH(double p, double h) {
-    return evaluatePowerSum<kT2BPH>(xPowers, yPowers, p / 1e6 - 2.0, h / 2e6 - 2.6);
+    return evaluateReducedSum<kT2BPH, kT2BPHForm>(xPowers, yPowers, p, h);
 }
 
 double WaterModel::T2CPH(double p, double h) {
-    return evaluatePowerSum<kT2CPH>(xPowers, yPowers, p / 1e6 + 25.0, h / 2e6 - 1.8);
+    return evaluateReducedSum<kT2CPH, kT2CPHForm>(xPowers, yPowers, p, h);
 }
 
 // The exponents of pi step by 0.25 here: one general power per term, the only one of region 2.
 double WaterModel::T2APS(double p, double s) {
-    const double x = p / 1e6;
-    yPowers.fill(s / 2000.0 - 2.0, kReachT2APSEntropy);
+    const double x = p / kT2APSForm.x.scale;
+    yPowers.fill(reduce(s, kT2APSForm.y), kReachT2APSEntropy);
     double T = 0.0;
     for (const FractionalPowerTerm& t : kT2APS) T += t.n * std::pow(x, t.I) * yPowers(t.J);
     return T;
 }
 
 double WaterModel::T2BPS(double p, double s) {
-    return evaluatePowerSum<kT2BPS>(xPowers, yPowers, p / 1e6, 10.0 - s / 785.3);
+    const double y = kT2BPSForm.y.shift - s / kT2BPSForm.y.scale;  // written so by the release
+    return evaluatePowerSum<kT2BPS>(xPowers, yPowers, p / kT2BPSForm.x.scale, y);
 }
 
 double WaterModel::T2CPS(double p, double s) {
-    return evaluatePowerSum<kT2CPS>(xPowers, yPowers, p / 1e6, 2.0 - s / 2925.1);
+    const double y = kT2CPSForm.y.shift - s / kT2CPSForm.y.scale;  // written so by the release
+    return evaluatePowerSum<kT2CPS>(xPowers, yPowers, p / kT2CPSForm.x.scale, y);
 }
 
 double WaterModel::P2AHS(double h, double s) {
-    return fourthPowerTimes(evaluatePowerSum<kP2AHS>(xPowers, yPowers, h / 4.2e6 - 0.5, s / 12000.0 - 1.2), 4e6);
+    return fourthPowerTimes(evaluateReducedSum<kP2AHS, kP2AHSForm>(xPowers, yPowers, h, s),
+                            kP2AHSForm.result);
 }
 
 double WaterModel::P2BHS(double h, double s) {
-    return fourthPowerTimes(evaluatePowerSum<kP2BHS>(xPowers, yPowers, h / 4.1e6 - 0.6, s / 7900.0 - 1.01), 1e8);
+    return fourthPowerTimes(evaluateReducedSum<kP2BHS, kP2BHSForm>(xPowers, yPowers, h, s),
+                            kP2BHSForm.result);
 }
 
 double WaterModel::P2CHS(double h, double s) {
-    return fourthPowerTimes(evaluatePowerSum<kP2CHS>(xPowers, yPowers, h / 3.5e6 - 0.7, s / 5900.0 - 1.1), 1e8);
+    return fourthPowerTimes(evaluateReducedSum<kP2CHS, kP2CHSForm>(xPowers, yPowers, h, s),
+                            kP2CHSForm.result);
 }
 
 // ---- The subregion chosen ----

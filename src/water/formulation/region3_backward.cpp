@@ -88,43 +88,43 @@ void refineAtPressure(WaterModel& w, double p, double& rho, double& T, Second se
 // ---- Raw equations ----
 
 double WaterModel::T3APH(double p, double h) {
-    return 760.0 * evaluatePowerSum<kT3APH>(xPowers, yPowers, p / 1e8 + 0.24, h / 2300000.0 - 0.615);
+    return kT3APHForm.result * evaluateReducedSum<kT3APH, kT3APHForm>(xPowers, yPowers, p, h);
 }
 
 double WaterModel::T3BPH(double p, double h) {
-    return 860.0 * evaluatePowerSum<kT3BPH>(xPowers, yPowers, p / 1e8 + 0.298, h / 2800000.0 - 0.72);
+    return kT3BPHForm.result * evaluateReducedSum<kT3BPH, kT3BPHForm>(xPowers, yPowers, p, h);
 }
 
 double WaterModel::V3APH(double p, double h) {
-    return 0.0028 * evaluatePowerSum<kV3APH>(xPowers, yPowers, p / 1e8 + 0.128, h / 2100000.0 - 0.727);
+    return kV3APHForm.result * evaluateReducedSum<kV3APH, kV3APHForm>(xPowers, yPowers, p, h);
 }
 
 double WaterModel::V3BPH(double p, double h) {
-    return 0.0088 * evaluatePowerSum<kV3BPH>(xPowers, yPowers, p / 1e8 + 0.0661, h / 2800000.0 - 0.72);
+    return kV3BPHForm.result * evaluateReducedSum<kV3BPH, kV3BPHForm>(xPowers, yPowers, p, h);
 }
 
 double WaterModel::T3APS(double p, double s) {
-    return 760.0 * evaluatePowerSum<kT3APS>(xPowers, yPowers, p / 1e8 + 0.24, s / 4400.0 - 0.703);
+    return kT3APSForm.result * evaluateReducedSum<kT3APS, kT3APSForm>(xPowers, yPowers, p, s);
 }
 
 double WaterModel::T3BPS(double p, double s) {
-    return 860.0 * evaluatePowerSum<kT3BPS>(xPowers, yPowers, p / 1e8 + 0.76, s / 5300.0 - 0.818);
+    return kT3BPSForm.result * evaluateReducedSum<kT3BPS, kT3BPSForm>(xPowers, yPowers, p, s);
 }
 
 double WaterModel::V3APS(double p, double s) {
-    return 0.0028 * evaluatePowerSum<kV3APS>(xPowers, yPowers, p / 1e8 + 0.187, s / 4400.0 - 0.755);
+    return kV3APSForm.result * evaluateReducedSum<kV3APS, kV3APSForm>(xPowers, yPowers, p, s);
 }
 
 double WaterModel::V3BPS(double p, double s) {
-    return 0.0088 * evaluatePowerSum<kV3BPS>(xPowers, yPowers, p / 1e8 + 0.298, s / 5300.0 - 0.816);
+    return kV3BPSForm.result * evaluateReducedSum<kV3BPS, kV3BPSForm>(xPowers, yPowers, p, s);
 }
 
 double WaterModel::P3AHS(double h, double s) {
-    return 99000000.0 * evaluatePowerSum<kP3AHS>(xPowers, yPowers, h / 2300000.0 - 1.01, s / 4400.0 - 0.75);
+    return kP3AHSForm.result * evaluateReducedSum<kP3AHS, kP3AHSForm>(xPowers, yPowers, h, s);
 }
 
 double WaterModel::P3BHS(double h, double s) {
-    return 16600000.0 / evaluatePowerSum<kP3BHS>(xPowers, yPowers, h / 2800000.0 - 0.681, s / 5300.0 - 0.792);
+    return kP3BHSForm.result / evaluateReducedSum<kP3BHS, kP3BHSForm>(xPowers, yPowers, h, s);
 }
 
 // The 3a/3b boundary of the release, in J/kg.

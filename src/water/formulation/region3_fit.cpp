@@ -7,20 +7,16 @@
 #include <cstddef>
 
 #include "water/formulation/constants.h"
-#include "water/formulation/region3_fit_terms.h"
+#include "water/formulation/tables/library_fits.h"
 #include "water/formulation/water_model.h"
 
 namespace tvl {
 
 namespace {
 
-using namespace roughv3;
-
 // The line that splits the supercritical fit into its liquid-like side (above) and its
-// gas-like side; it reaches 24 MPa at 654.313191168 K and 40 MPa at 713.959399168 K.
-double areaLine(double T) { return 22064000.0 + 268248.402312516 * (T - 647.096); }
-constexpr double kLineAt24MPa = 654.313191168;
-constexpr double kLineAt40MPa = 713.959399168;
+// gas-like side.
+double areaLine(double T) { return 22064000.0 + kRoughVolumeLineSlope * (T - 647.096); }
 
 // Powers of the variables of the critical areas, the exponents reaching 6 at most.
 struct CriticalPowers {
@@ -65,8 +61,8 @@ double criticalFit(const Term (&rows)[N], const ThetaShape& shape, double p, dou
 }
 
 double highPressureFit(double p, double T) {
-    const double x = p / 1e6 / 103.0 - 1.0;
-    const double y = T / 600.0 - 1.0;
+    const double x = p / 1e6 / kRoughVolumeAreaGPressure - 1.0;
+    const double y = T / kRoughVolumeAreaGTemperature - 1.0;
     double xPowers[33];
     double yPowers[23];
     xPowers[0] = 1.0;
@@ -74,7 +70,7 @@ double highPressureFit(double p, double T) {
     for (int k = 1; k < 33; ++k) xPowers[k] = xPowers[k - 1] * x;
     for (int k = 1; k < 23; ++k) yPowers[k] = yPowers[k - 1] * y;
     double sum = 0.0;
-    for (const PlainFitTerm& r : kAreaG) sum += r.c * xPowers[r.a] * yPowers[r.b];
+    for (const PlainFitTerm& r : kRoughVolumeAreaG) sum += r.c * xPowers[r.a] * yPowers[r.b];
     return sum;
 }
 
@@ -85,13 +81,13 @@ double highPressureFit(double p, double T) {
 RoughV3Area roughV3Area(const WaterModel& water, double p, double T) {
     if (p >= 40000000.0) return RoughV3Area::G;
     if (p >= 24000000.0) {
-        if (T < kLineAt24MPa) return RoughV3Area::E;
-        if (T > kLineAt40MPa) return RoughV3Area::F;
+        if (T < kRoughVolumeLineAt24MPa) return RoughV3Area::E;
+        if (T > kRoughVolumeLineAt40MPa) return RoughV3Area::F;
         return p > areaLine(T) ? RoughV3Area::E : RoughV3Area::F;
     }
     if (p > 22064000.0) {
         if (T <= 647.096) return RoughV3Area::A;
-        if (T >= kLineAt24MPa) return RoughV3Area::C;
+        if (T >= kRoughVolumeLineAt24MPa) return RoughV3Area::C;
         return p > areaLine(T) ? RoughV3Area::B : RoughV3Area::C;
     }
     if (T > 647.096) return RoughV3Area::D;
@@ -100,12 +96,12 @@ RoughV3Area roughV3Area(const WaterModel& water, double p, double T) {
 
 double roughV3InArea(RoughV3Area area, double p, double T) {
     switch (area) {
-        case RoughV3Area::A: return criticalFit(kAreaA, kThetaA, p, T);
-        case RoughV3Area::B: return criticalFit(kAreaB, kThetaB, p, T);
-        case RoughV3Area::C: return criticalFit(kAreaC, kThetaC, p, T);
-        case RoughV3Area::D: return criticalFit(kAreaD, kThetaD, p, T);
-        case RoughV3Area::E: return criticalFit(kAreaE, kThetaE, p, T);
-        case RoughV3Area::F: return criticalFit(kAreaF, kThetaF, p, T);
+        case RoughV3Area::A: return criticalFit(kRoughVolumeAreaA, kRoughVolumeThetaA, p, T);
+        case RoughV3Area::B: return criticalFit(kRoughVolumeAreaB, kRoughVolumeThetaB, p, T);
+        case RoughV3Area::C: return criticalFit(kRoughVolumeAreaC, kRoughVolumeThetaC, p, T);
+        case RoughV3Area::D: return criticalFit(kRoughVolumeAreaD, kRoughVolumeThetaD, p, T);
+        case RoughV3Area::E: return criticalFit(kRoughVolumeAreaE, kRoughVolumeThetaE, p, T);
+        case RoughV3Area::F: return criticalFit(kRoughVolumeAreaF, kRoughVolumeThetaF, p, T);
         case RoughV3Area::G: break;
     }
     return highPressureFit(p, T);

@@ -8,6 +8,7 @@
 #include "water/formulation/constants.h"
 #include "water/formulation/gibbs_terms.h"
 #include "water/formulation/polynomial.h"
+#include "water/formulation/tables/library_fits.h"
 #include "water/formulation/tables/region5_coefficients.h"
 #include "water/formulation/water_model.h"
 
@@ -31,10 +32,10 @@ constexpr int kReachTau = reachOfJ(kRegion5Residual, 2) > reachOfIdeal(kRegion5I
 
 // The library's start fits: temperature from enthalpy and from entropy, and the start pressure
 // of the (h,s) search as an ideal-gas isotherm through 611 Pa.
-double startTemperatureFromEnthalpy(double h) { return 0.000369365564435273 * h - 433.113582272742; }
-double startTemperatureFromEntropy(double s) { return 0.603742942732547 * s - 3660.91547095205; }
-constexpr double kStartReferencePressure = 611.0;
-constexpr double kStartLogPressurePerEntropy = 0.002157661830695;  // kg K/J
+double startTemperatureFromEnthalpy(double h) {
+    return kRegion5StartEnthalpySlope * h - kRegion5StartEnthalpyOffset;
+}
+double startTemperatureFromEntropy(double s) { return kRegion5StartEntropySlope * s - kRegion5StartEntropyOffset; }
 
 // The sums at tau with the powers of pi already in x.
 template <unsigned Wanted>
@@ -188,8 +189,8 @@ double WaterModel::T5PS(double p, double s) {
 // The start is a crude fit, good to a few per cent: with toleranceMode off it is the answer.
 void WaterModel::PT5HS(double h, double s, double& p, double& T) {
     T = startTemperatureFromEnthalpy(h);
-    const double startEntropy = S5PT(kStartReferencePressure, T);
-    p = std::exp(std::log(kStartReferencePressure) + (startEntropy - s) * kStartLogPressurePerEntropy);
+    const double startEntropy = S5PT(kRegion5StartReferencePressure, T);
+    p = std::exp(std::log(kRegion5StartReferencePressure) + (startEntropy - s) * kRegion5StartLogPressurePerEntropy);
     solved.PublishPressure(p);
     solved.PublishTemperature(T);
     if (settings.refining()) SolveRegion5HS(h, s, p, T);

@@ -17,6 +17,8 @@ inline constexpr double kB23[5] = {
 };
 
 // boundary hB13(s) (hb13_s.csv)
+// x = a/3800 - 0.884, y = a/3800 - 0.864; result 1700000.0 sum
+inline constexpr ReducedForm kHB13SForm = {{3800.0, -0.884}, {3800.0, -0.864}, 1700000.0};
 inline constexpr PowerTerm kHB13S[6] = {
     {0, 0, 0.913965547600543},
     {1, -2, -0.430944856041991e-4},
@@ -27,6 +29,8 @@ inline constexpr PowerTerm kHB13S[6] = {
 };
 
 // boundary TB23(h,s) (tb23_hs.csv)
+// x = a/3e6 - 0.727, y = a/5300 - 0.864; result 900 sum
+inline constexpr ReducedForm kTB23HSForm = {{3e6, -0.727}, {5300.0, -0.864}, 900.0};
 inline constexpr PowerTerm kTB23HS[25] = {
     {-12, 10, 0.629096260829810e-3},
     {-10, 8, -0.823453502583165e-3},
@@ -56,6 +60,8 @@ inline constexpr PowerTerm kTB23HS[25] = {
 };
 
 // h3a'(s), saturated liquid (h3al_s.csv)
+// x = a/3800 - 1.09, y = a/3800 + 0.366e-4; result 1700000.0 sum
+inline constexpr ReducedForm kH3aLiquidSForm = {{3800.0, -1.09}, {3800.0, 0.366e-4}, 1700000.0};
 inline constexpr PowerTerm kH3aLiquidS[19] = {
     {0, 1, 0.822673364673336},
     {0, 4, 0.181977213534479},
@@ -79,6 +85,8 @@ inline constexpr PowerTerm kH3aLiquidS[19] = {
 };
 
 // h2ab''(s), saturated vapour (h2abv_s.csv)
+// x = 5210/a - 0.513, y = a/9200 - 0.524; result 2.8e6 exp(sum)
+inline constexpr ReducedForm kH2abVapourSForm = {{5210.0, -0.513}, {9200.0, -0.524}, 2.8e6};
 inline constexpr PowerTerm kH2abVapourS[30] = {
     {1, 8, -0.524581170928788e3},
     {1, 24, -0.926947218142218e7},

@@ -45,6 +45,45 @@ struct DielectricTerm {
     double N;
 };
 
+// How an equation of the releases reduces its two arguments and scales its sum, in SI units.
+// An argument a enters as a/scale + shift (some equations write shift - a/scale or scale/a +
+// shift; the generated comment beside each form says which); the result is the sum times
+// result (or result over the sum, result times its fourth power, result times e to the sum).
+struct ReducedArgument {
+    double scale, shift;
+};
+
+struct ReducedForm {
+    ReducedArgument x, y;
+    double result;
+};
+
+// The usual way in: a/scale + shift.
+constexpr double reduce(double a, const ReducedArgument& r) { return a / r.scale + r.shift; }
+
+// The library's own fit of the region 3 volume: c d^a t^b q2^e2 q4^e4 q8^e8 (areas A-E) ...
+struct FitTerm {
+    double c;
+    int a, b, e2, e4, e8;
+};
+
+// ... with a further factor theta^e1 (area F) ...
+struct ThetaFitTerm {
+    double c;
+    int a, b, e2, e4, e8, e1;
+};
+
+// ... and c x^a y^b (area G).
+struct PlainFitTerm {
+    double c;
+    int a, b;
+};
+
+// theta = d2 d^2 + d1 d + t1 t + t2 t^2, the distance from a curve through the critical point.
+struct ThetaShape {
+    double d2, d1, t1, t2;
+};
+
 }  // namespace tvl
 
 #endif

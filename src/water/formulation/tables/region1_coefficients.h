@@ -46,6 +46,8 @@ inline constexpr PowerTerm kRegion1[34] = {
 };
 
 // T1(p,h), IF97 Table 6 (t1_ph.csv)
+// x = a/1e6, y = a/2.5e6 + 1; result sum
+inline constexpr ReducedForm kT1PHForm = {{1e6, 0.0}, {2.5e6, 1.0}, 1.0};
 inline constexpr PowerTerm kT1PH[20] = {
     {0, 0, -0.23872489924521e3},
     {0, 1, 0.40421188637945e3},
@@ -70,6 +72,8 @@ inline constexpr PowerTerm kT1PH[20] = {
 };
 
 // T1(p,s), IF97 Table 8 (t1_ps.csv)
+// x = a/1e6, y = a/1000 + 2; result sum
+inline constexpr ReducedForm kT1PSForm = {{1e6, 0.0}, {1000.0, 2.0}, 1.0};
 inline constexpr PowerTerm kT1PS[20] = {
     {0, 0, 0.17478268058307e3},
     {0, 1, 0.34806930892873e2},
@@ -94,6 +98,8 @@ inline constexpr PowerTerm kT1PS[20] = {
 };
 
 // p1(h,s), supplementary release p(h,s) (p1_hs.csv)
+// x = a/3.4e6 + 0.05, y = a/7600 + 0.05; result 100e6 sum
+inline constexpr ReducedForm kP1HSForm = {{3.4e6, 0.05}, {7600.0, 0.05}, 100e6};
 inline constexpr PowerTerm kP1HS[19] = {
     {0, 0, -0.691997014660582},
     {0, 1, -0.183612548787560e2},

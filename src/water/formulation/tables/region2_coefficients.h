@@ -68,6 +68,8 @@ inline constexpr PowerTerm kRegion2Residual[43] = {
 };
 
 // T2a(p,h), IF97 Table 20 (t2a_ph.csv)
+// x = a/1e6, y = a/2e6 - 2.1; result sum
+inline constexpr ReducedForm kT2APHForm = {{1e6, 0.0}, {2e6, -2.1}, 1.0};
 inline constexpr PowerTerm kT2APH[34] = {
     {0, 0, 0.10898952318288e4},
     {0, 1, 0.84951654495535e3},
@@ -106,6 +108,8 @@ inline constexpr PowerTerm kT2APH[34] = {
 };
 
 // T2b(p,h), IF97 Table 21 (t2b_ph.csv)
+// x = a/1e6 - 2, y = a/2e6 - 2.6; result sum
+inline constexpr ReducedForm kT2BPHForm = {{1e6, -2.0}, {2e6, -2.6}, 1.0};
 inline constexpr PowerTerm kT2BPH[38] = {
     {0, 0, 0.14895041079516e4},
     {0, 1, 0.74307798314034e3},
@@ -148,6 +152,8 @@ inline constexpr PowerTerm kT2BPH[38] = {
 };
 
 // T2c(p,h), IF97 Table 22 (t2c_ph.csv)
+// x = a/1e6 + 25, y = a/2e6 - 1.8; result sum
+inline constexpr ReducedForm kT2CPHForm = {{1e6, 25.0}, {2e6, -1.8}, 1.0};
 inline constexpr PowerTerm kT2CPH[23] = {
     {-7, 0, -0.32368398555242e13},
     {-7, 4, 0.73263350902181e13},
@@ -175,6 +181,8 @@ inline constexpr PowerTerm kT2CPH[23] = {
 };
 
 // T2a(p,s), IF97 Table 25 (I in steps of 0.25) (t2a_ps.csv)
+// x = a/1e6, y = a/2000 - 2; result sum
+inline constexpr ReducedForm kT2APSForm = {{1e6, 0.0}, {2000.0, -2.0}, 1.0};
 inline constexpr FractionalPowerTerm kT2APS[46] = {
     {-1.5, -24, -0.39235983861984e6},
     {-1.5, -23, 0.51526573827270e6},
@@ -225,6 +233,8 @@ inline constexpr FractionalPowerTerm kT2APS[46] = {
 };
 
 // T2b(p,s), IF97 Table 26 (t2b_ps.csv)
+// x = a/1e6, y = 10 - a/785.3; result sum
+inline constexpr ReducedForm kT2BPSForm = {{1e6, 0.0}, {785.3, 10.0}, 1.0};
 inline constexpr PowerTerm kT2BPS[44] = {
     {-6, 0, 0.31687665083497e6},
     {-6, 11, 0.20864175881858e2},
@@ -273,6 +283,8 @@ inline constexpr PowerTerm kT2BPS[44] = {
 };
 
 // T2c(p,s), IF97 Table 27 (t2c_ps.csv)
+// x = a/1e6, y = 2 - a/2925.1; result sum
+inline constexpr ReducedForm kT2CPSForm = {{1e6, 0.0}, {2925.1, 2.0}, 1.0};
 inline constexpr PowerTerm kT2CPS[30] = {
     {-2, 0, 0.90968501005365e3},
     {-2, 1, 0.24045667088420e4},
@@ -307,6 +319,8 @@ inline constexpr PowerTerm kT2CPS[30] = {
 };
 
 // p2a(h,s), supplementary release p(h,s) (p2a_hs.csv)
+// x = a/4.2e6 - 0.5, y = a/12000 - 1.2; result 4e6 sum^4
+inline constexpr ReducedForm kP2AHSForm = {{4.2e6, -0.5}, {12000.0, -1.2}, 4e6};
 inline constexpr PowerTerm kP2AHS[29] = {
     {0, 1, -0.182575361923032e-1},
     {0, 3, -0.125229548799536},
@@ -340,6 +354,8 @@ inline constexpr PowerTerm kP2AHS[29] = {
 };
 
 // p2b(h,s), supplementary release p(h,s) (p2b_hs.csv)
+// x = a/4.1e6 - 0.6, y = a/7900 - 1.01; result 100000000.0 sum^4
+inline constexpr ReducedForm kP2BHSForm = {{4.1e6, -0.6}, {7900.0, -1.01}, 100000000.0};
 inline constexpr PowerTerm kP2BHS[33] = {
     {0, 0, 0.801496989929495e-1},
     {0, 1, -0.543862807146111},
@@ -377,6 +393,8 @@ inline constexpr PowerTerm kP2BHS[33] = {
 };
 
 // p2c(h,s), supplementary release p(h,s) (p2c_hs.csv)
+// x = a/3.5e6 - 0.7, y = a/5900 - 1.1; result 100000000.0 sum^4
+inline constexpr ReducedForm kP2CHSForm = {{3.5e6, -0.7}, {5900.0, -1.1}, 100000000.0};
 inline constexpr PowerTerm kP2CHS[31] = {
     {0, 0, 0.112225607199012},
     {0, 1, -0.339005953606712e1},

@@ -52,6 +52,8 @@ inline constexpr PowerTerm kRegion3[39] = {
 };
 
 // T3a(p,h) (t3a_ph.csv)
+// x = a/1e8 + 0.240, y = a/2.3e6 - 0.615; result 760 sum
+inline constexpr ReducedForm kT3APHForm = {{1e8, 0.240}, {2.3e6, -0.615}, 760.0};
 inline constexpr PowerTerm kT3APH[31] = {
     {-12, 0, -0.133645667811215e-6},
     {-12, 1, 0.455912656802978e-5},
@@ -87,6 +89,8 @@ inline constexpr PowerTerm kT3APH[31] = {
 };
 
 // T3b(p,h) (t3b_ph.csv)
+// x = a/1e8 + 0.298, y = a/2.8e6 - 0.720; result 860 sum
+inline constexpr ReducedForm kT3BPHForm = {{1e8, 0.298}, {2.8e6, -0.720}, 860.0};
 inline constexpr PowerTerm kT3BPH[33] = {
     {-12, 0, 0.323254573644920e-4},
     {-12, 1, -0.127575556587181e-3},
@@ -124,6 +128,8 @@ inline constexpr PowerTerm kT3BPH[33] = {
 };
 
 // v3a(p,h) (v3a_ph.csv)
+// x = a/1e8 + 0.128, y = a/2.1e6 - 0.727; result 0.0028 sum
+inline constexpr ReducedForm kV3APHForm = {{1e8, 0.128}, {2.1e6, -0.727}, 0.0028};
 inline constexpr PowerTerm kV3APH[32] = {
     {-12, 6, 0.529944062966028e-2},
     {-12, 8, -0.170099690234461},
@@ -160,6 +166,8 @@ inline constexpr PowerTerm kV3APH[32] = {
 };
 
 // v3b(p,h) (v3b_ph.csv)
+// x = a/1e8 + 0.0661, y = a/2.8e6 - 0.720; result 0.0088 sum
+inline constexpr ReducedForm kV3BPHForm = {{1e8, 0.0661}, {2.8e6, -0.720}, 0.0088};
 inline constexpr PowerTerm kV3BPH[30] = {
     {-12, 0, -0.225196934336318e-8},
     {-12, 1, 0.140674363313486e-7},
@@ -194,6 +202,8 @@ inline constexpr PowerTerm kV3BPH[30] = {
 };
 
 // T3a(p,s) (t3a_ps.csv)
+// x = a/1e8 + 0.240, y = a/4400 - 0.703; result 760 sum
+inline constexpr ReducedForm kT3APSForm = {{1e8, 0.240}, {4400.0, -0.703}, 760.0};
 inline constexpr PowerTerm kT3APS[33] = {
     {-12, 28, 0.150042008263875e10},
     {-12, 32, -0.159397258480424e12},
@@ -231,6 +241,8 @@ inline constexpr PowerTerm kT3APS[33] = {
 };
 
 // T3b(p,s) (t3b_ps.csv)
+// x = a/1e8 + 0.760, y = a/5300 - 0.818; result 860 sum
+inline constexpr ReducedForm kT3BPSForm = {{1e8, 0.760}, {5300.0, -0.818}, 860.0};
 inline constexpr PowerTerm kT3BPS[28] = {
     {-12, 1, 0.527111701601660},
     {-12, 3, -0.401317830052742e2},
@@ -263,6 +275,8 @@ inline constexpr PowerTerm kT3BPS[28] = {
 };
 
 // v3a(p,s) (v3a_ps.csv)
+// x = a/1e8 + 0.187, y = a/4400 - 0.755; result 0.0028 sum
+inline constexpr ReducedForm kV3APSForm = {{1e8, 0.187}, {4400.0, -0.755}, 0.0028};
 inline constexpr PowerTerm kV3APS[28] = {
     {-12, 10, 0.795544074093975e2},
     {-12, 12, -0.238261242984590e4},
@@ -295,6 +309,8 @@ inline constexpr PowerTerm kV3APS[28] = {
 };
 
 // v3b(p,s) (v3b_ps.csv)
+// x = a/1e8 + 0.298, y = a/5300 - 0.816; result 0.0088 sum
+inline constexpr ReducedForm kV3BPSForm = {{1e8, 0.298}, {5300.0, -0.816}, 0.0088};
 inline constexpr PowerTerm kV3BPS[31] = {
     {-12, 0, 0.591599780322238e-4},
     {-12, 1, -0.185465997137856e-2},
@@ -330,6 +346,8 @@ inline constexpr PowerTerm kV3BPS[31] = {
 };
 
 // p3a(h,s) (p3a_hs.csv)
+// x = a/2.3e6 - 1.01, y = a/4400 - 0.750; result 99e6 sum
+inline constexpr ReducedForm kP3AHSForm = {{2.3e6, -1.01}, {4400.0, -0.750}, 99e6};
 inline constexpr PowerTerm kP3AHS[33] = {
     {0, 0, 0.770889828326934e1},
     {0, 1, -0.260835009128688e2},
@@ -367,6 +385,8 @@ inline constexpr PowerTerm kP3AHS[33] = {
 };
 
 // p3b(h,s) (p3b_hs.csv)
+// x = a/2.8e6 - 0.681, y = a/5300 - 0.792; result 16.6e6 / sum
+inline constexpr ReducedForm kP3BHSForm = {{2.8e6, -0.681}, {5300.0, -0.792}, 16.6e6};
 inline constexpr PowerTerm kP3BHS[35] = {
     {-12, 2, 0.125244360717979e-12},
     {-12, 10, -0.126599322553713e-1},

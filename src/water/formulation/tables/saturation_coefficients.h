@@ -42,6 +42,8 @@ inline constexpr SaturationDensityTerm kSaturatedVapourDensity[6] = {
 };
 
 // Tsat(h,s) of the two-phase area (tsat_hs.csv)
+// x = a/2.8e6 - 0.119, y = a/9200 - 1.07; result 550 sum
+inline constexpr ReducedForm kTsatHSForm = {{2.8e6, -0.119}, {9200.0, -1.07}, 550.0};
 inline constexpr PowerTerm kTsatHS[36] = {
     {0, 0, 0.179882673606601},
     {0, 3, -0.267507455199603},
