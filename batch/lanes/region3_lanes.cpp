@@ -3,6 +3,9 @@
 // the Helmholtz sums along the isotherm), then the property at the density found. Each lane runs
 // the scalar count rule and stop test; a lane that has stopped keeps its density while the
 // others go on, and the vector is done when every lane has stopped or run out of iterations.
+// The start's area is chosen point by point by the scalar selection, and each area's fit then
+// runs in lanes over its own points. Fits and searches take two vectors side by side, as their
+// sums and power tables are serial chains that one vector alone leaves waiting.
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "lanes/region3_lanes.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
@@ -81,7 +84,8 @@ HWY_INLINE void pointGroup(D d, const double* const (&in)[In], double* const (&o
 // All `count` points, two vectors at a time so that their serial chains overlap, one vector for
 // the last few.
 template <std::size_t In, std::size_t Out, class Evaluate>
-HWY_INLINE void inPairs(const double* const (&in)[In], double* const (&out)[Out], std::size_t count, Evaluate evaluate) {
+HWY_INLINE void inPairs(const double* const (&in)[In], double* const (&out)[Out], std::size_t count,
+                        Evaluate evaluate) {
     const D d;
     const std::size_t N = hn::Lanes(d);
     std::size_t k = 0;
@@ -156,7 +160,8 @@ HWY_INLINE void helmholtzSums(D d, HelmholtzGroup<M>& g, std::index_sequence<K..
 // highest and down to the second reciprocal are finite when those three are.
 template <int R>
 HWY_INLINE hn::Mask<D> finitePowers(D d, const Powers<R>& x) {
-    return hn::And(hn::IsFinite(x.up[R]), hn::And(hn::IsFinite(x.template at<-1>(d)), hn::IsFinite(x.template at<-2>(d))));
+    const auto reciprocals = hn::And(hn::IsFinite(x.template at<-1>(d)), hn::IsFinite(x.template at<-2>(d)));
+    return hn::And(hn::IsFinite(x.up[R]), reciprocals);
 }
 
 template <unsigned Wanted, int M>
@@ -356,7 +361,8 @@ HWY_INLINE V composed(D d, const Helmholtz& f, V delta, V tau, V rho, V T) {
         return hn::Mul(hn::Mul(hn::Add(hn::Mul(tau, f.phiTau), hn::Mul(delta, f.phiDelta)), c(R)), T);
     if constexpr (Property == kIsochoricHeat) return hn::Mul(hn::Mul(hn::Mul(hn::Neg(tau), tau), f.phiTauTau), c(R));
     if constexpr (Property == kIsobaricHeat || Property == kSpeedOfSound) {
-        const V D2 = hn::Add(hn::Mul(hn::Mul(c(2.0), delta), f.phiDelta), hn::Mul(hn::Mul(delta, delta), f.phiDeltaDelta));
+        const V D2 =
+            hn::Add(hn::Mul(hn::Mul(c(2.0), delta), f.phiDelta), hn::Mul(hn::Mul(delta, delta), f.phiDeltaDelta));
         const V E = hn::Sub(hn::Mul(delta, f.phiDelta), hn::Mul(hn::Mul(delta, tau), f.phiDeltaTau));
         const V tauTauPhi = hn::Mul(hn::Mul(tau, tau), f.phiTauTau);
         if constexpr (Property == kIsobaricHeat) return hn::Mul(hn::Sub(hn::Div(hn::Mul(E, E), D2), tauTauPhi), c(R));
