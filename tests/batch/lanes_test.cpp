@@ -54,6 +54,7 @@ struct Settings {
 const Settings kSettings[] = {
     {1, 1, 100, 2e-12}, {0, 1, 100, 2e-12}, {1, 0, 100, 2e-12}, {1, 1, 1, 2e-12},  {1, 1, 100, 1e-3},
     {0, 1, 100, -0.5},  {1, 1, 100, kNaN},  {1, 1, 100, kInf},  {1, 1, 100, 0.0}, {0, 0, 0, -kInf},
+    {1, 1, 4, 2e-12},  // region 3's density search: some lanes of a vector stop in time, others not
 };
 
 void apply(const Settings& s) {
