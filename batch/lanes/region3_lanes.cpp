@@ -277,7 +277,7 @@ constexpr std::size_t kChunk = 256;
 // The fitted volume of each point: its area chosen as the plain fit chooses it, then each
 // area's fit in lanes over the points of that area.
 template <int... A>
-void fittedVolumes(const double* p, const double* T, double* v, std::size_t count, std::integer_sequence<int, A...>) {
+HWY_NOINLINE void fittedVolumes(const double* p, const double* T, double* v, std::size_t count, std::integer_sequence<int, A...>) {
     const tvl::WaterModel& water = region3::fitModel();
     std::size_t members[sizeof...(A)][kChunk], size[sizeof...(A)] = {};
     for (std::size_t k = 0; k < count; ++k) {
@@ -307,7 +307,7 @@ void fittedVolumes(const double* p, const double* T, double* v, std::size_t coun
 // convergence test, the residual tested the one before the step, the step always taken. On
 // return failed[m] holds the lanes that ran out of iterations.
 template <int M>
-HWY_INLINE void densitySearch(D d, const V* p, const V* T, V* rho, hn::Mask<D>* failed, const Search& search) {
+HWY_NOINLINE void densitySearch(D d, const V* p, const V* T, V* rho, hn::Mask<D>* failed, const Search& search) {
     HelmholtzGroup<M> g;
     V limit[M];
     hn::Mask<D> running[M];
