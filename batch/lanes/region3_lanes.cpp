@@ -394,7 +394,8 @@ HWY_INLINE void propertiesAt(D d, const V* rho, const V* T, V* out) {
             g.x[m].fill(d, g.delta[m]);
             g.y[m].fill(d, g.tau[m]);
         }
-        sumsAt<kWanted<Property>>(d, g);
+        // Once per point: the full sums, which need no test of the powers.
+        helmholtzSums<kWanted<Property>, false>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
         for (int m = 0; m < M; ++m) out[m] = composed<Property>(d, g.f[m], g.delta[m], g.tau[m], rho[m], T[m]);
     }
 }
