@@ -14,6 +14,7 @@
 #include "frame/property_facade.h"
 #include "frame/validators.h"
 #include "lanes/kernels.h"
+#include "lanes/transport_kernels.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
 
@@ -25,11 +26,13 @@ namespace tvlx::lanes {
 
 constexpr int kFamily = 0;  // Export::region of the (p,T) family
 constexpr int kLine = -1;   // and of the saturation line
+constexpr int kTransport = -2;  // the transport exports by (p,T)
+constexpr int kWet = -3;        // the wet states by (T,x)
 
 struct Export {
     const char* name;
-    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine
-    int kernel;  // the Property, or on the line the Line
+    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine, kTransport, kWet
+    int kernel;  // the Property, or on the line the Line; for kTransport and kWet a quantity of a phase
     double (*plain)(double, double);
     double (tvl::PropertyFacade::*method)(double, double) noexcept;
     // The saturation line: one argument, and the range that checkRangeMode holds it to.
@@ -70,6 +73,21 @@ const Export kExports[] = {
     TVLX_LINE_EXPORT(TSP, kSaturationTemperature, tvl::kSaturationLowestPressure,
                      tvl::kCriticalPressure * tvl::kOnePlusEps),
     TVLX_LINE_EXPORT(DPDTST, kSaturationSlope, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
+    TVLX_EXPORT(DYNVISPT, kTransport, kTransportQuantity + kViscosity),
+    TVLX_EXPORT(KINVISPT, kTransport, kTransportQuantity + kKinematicViscosity),
+    TVLX_EXPORT(THERMCONDPT, kTransport, kTransportQuantity + kConductivity),
+    TVLX_EXPORT(PRANDTLEPT, kTransport, kPrandtlQuantity),
+    TVLX_EXPORT(VSTX, kWet, kVolume),
+    TVLX_EXPORT(DSTX, kWet, kDensity),
+    TVLX_EXPORT(USTX, kWet, kInternalEnergy),
+    TVLX_EXPORT(SSTX, kWet, kEntropy),
+    TVLX_EXPORT(HSTX, kWet, kEnthalpy),
+    TVLX_EXPORT(CPSTX, kWet, kIsobaricHeat),
+    TVLX_EXPORT(JOULETHOMPSONSTX, kWet, kJouleThomson),
+    TVLX_EXPORT(THERMCONDSTX, kWet, kTransportQuantity + kConductivity),
+    TVLX_EXPORT(DYNVISSTX, kWet, kTransportQuantity + kViscosity),
+    TVLX_EXPORT(KINVISSTX, kWet, kTransportQuantity + kKinematicViscosity),
+    TVLX_EXPORT(PRANDTLESTX, kWet, kPrandtlQuantity),
 };
 
 #undef TVLX_LINE_EXPORT
@@ -103,13 +121,13 @@ struct Settings {
     bool known;  // false: the library object's tolerance is not finite, which its export cannot tell
 };
 
-// What the export reads: regions' own exports nothing, the saturation line the range test, the
-// (p,T) family the tolerance as well.
+// What the export reads: regions' own exports nothing, the saturation line and the wet states
+// the range test, the (p,T) and transport families the tolerance as well.
 Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
     if (e.region > 0) return {0.0, false, true};
     if (facade != nullptr) return {facade->settings.tolerance, facade->settings.checksOn(), true};
     const bool checks = tvlGETCHECKRANGEMODE() != 0;
-    if (e.region == kLine) return {0.0, checks, true};
+    if (e.region == kLine || e.region == kWet) return {0.0, checks, true};
     const double tolerance = tvlGETTOLERANCE();
     return {tolerance, checks, tvlGETLASTERROR() == 0};
 }
@@ -211,6 +229,8 @@ void lineBlock(SliceRun& run, const KernelSet& set, const Settings& settings, in
     run.computed(start, accepted, index, n);
 }
 
+#include "lanes/transport_wet_blocks.inc"
+
 // The block's values of input j: in place where they are contiguous, else copied.
 const double* column(const Slice& slice, int j, int64_t start, int count, double* copy) {
     if (slice.strides[j] == 1) return slice.inputs[j] + start;
@@ -247,6 +267,14 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         }
         if (e.region == kLine) {
             lineBlock(run, set, settings, start, p, count);
+            continue;
+        }
+        if (e.region == kTransport) {
+            transportBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kWet) {
+            wetBlock(run, set, settings, start, p, T, count);
             continue;
         }
         kernelOf(set, e.region, e.kernel)(p, T, out, static_cast<std::size_t>(count));
