@@ -28,6 +28,7 @@ constexpr int kFamily = 0;  // Export::region of the (p,T) family
 constexpr int kLine = -1;   // and of the saturation line
 constexpr int kTransport = -2;  // the transport exports by (p,T)
 constexpr int kWet = -3;        // the wet states by (T,x)
+constexpr int kWetByPT = -4;    // and by (p,T,x)
 
 struct Export {
     const char* name;
@@ -40,6 +41,9 @@ struct Export {
     double (tvl::PropertyFacade::*methodLine)(double) noexcept;
     double lowest;
     double highest;
+    // The (p,T,x) family: three arguments.
+    double (*plainWet)(double, double, double) = nullptr;
+    double (tvl::PropertyFacade::*methodWet)(double, double, double) noexcept = nullptr;
 };
 
 namespace {
@@ -55,6 +59,9 @@ namespace {
         TVLX_EXPORT(JOULETHOMPSON##r##PT, r, kJouleThomson)
 #define TVLX_LINE_EXPORT(name, line, lowest, highest) \
     {#name, kLine, line, nullptr, nullptr, [](double x) { return tvl##name(x); }, &tvl::PropertyFacade::name, lowest, highest}
+#define TVLX_WET_PT_EXPORT(name, quantity)                                                         \
+    {#name, kWetByPT, quantity, nullptr, nullptr, nullptr, nullptr, 0.0, 0.0,                      \
+     [](double p, double T, double x) { return tvl##name(p, T, x); }, &tvl::PropertyFacade::name}
 
 const Export kExports[] = {
     TVLX_REGION_EXPORTS(1),
@@ -88,8 +95,22 @@ const Export kExports[] = {
     TVLX_EXPORT(DYNVISSTX, kWet, kTransportQuantity + kViscosity),
     TVLX_EXPORT(KINVISSTX, kWet, kTransportQuantity + kKinematicViscosity),
     TVLX_EXPORT(PRANDTLESTX, kWet, kPrandtlQuantity),
+    TVLX_WET_PT_EXPORT(VPTX, kVolume),
+    TVLX_WET_PT_EXPORT(DPTX, kDensity),
+    TVLX_WET_PT_EXPORT(UPTX, kInternalEnergy),
+    TVLX_WET_PT_EXPORT(SPTX, kEntropy),
+    TVLX_WET_PT_EXPORT(HPTX, kEnthalpy),
+    TVLX_WET_PT_EXPORT(CPPTX, kIsobaricHeat),
+    TVLX_WET_PT_EXPORT(CVPTX, kIsochoricHeat),
+    TVLX_WET_PT_EXPORT(WPTX, kSpeedOfSound),
+    TVLX_WET_PT_EXPORT(JOULETHOMPSONPTX, kJouleThomson),
+    TVLX_WET_PT_EXPORT(THERMCONDPTX, kTransportQuantity + kConductivity),
+    TVLX_WET_PT_EXPORT(DYNVISPTX, kTransportQuantity + kViscosity),
+    TVLX_WET_PT_EXPORT(KINVISPTX, kTransportQuantity + kKinematicViscosity),
+    TVLX_WET_PT_EXPORT(PRANDTLEPTX, kPrandtlQuantity),
 };
 
+#undef TVLX_WET_PT_EXPORT
 #undef TVLX_LINE_EXPORT
 #undef TVLX_REGION_EXPORTS
 #undef TVLX_EXPORT
@@ -257,6 +278,11 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
         const double* p = column(slice, 0, start, count, pCopy);
         const double* T = e.region == kLine ? p : column(slice, 1, start, count, TCopy);
+        if (e.region == kWetByPT) {
+            double xCopy[kBlock];
+            wetPTBlock(run, set, settings, start, p, T, column(slice, 2, start, count, xCopy), count);
+            continue;
+        }
         if (!settings.known) {
             for (int k = 0; k < count; ++k) run.byPlainCall(start + k, p[k], T[k]);
             continue;

@@ -28,6 +28,7 @@ struct Covered {
     double (*plain)(double, double);
     bool byTemperature = false;  // the saturation line by T takes the T column
     bool wet = false;            // by (T,x): over the wet points
+    double (*plainByPTX)(double, double, double) = nullptr;  // by (p,T,x): x from kDryness
 };
 
 double PST(double T, double) { return tvlPST(T); }
@@ -39,6 +40,7 @@ double DPDTST(double T, double) { return tvlDPDTST(T); }
         {"S" #r "PT", tvlS##r##PT}, {"H" #r "PT", tvlH##r##PT}, {"CP" #r "PT", tvlCP##r##PT},               \
         {"CV" #r "PT", tvlCV##r##PT}, {"W" #r "PT", tvlW##r##PT}, {"JOULETHOMPSON" #r "PT", tvlJOULETHOMPSON##r##PT}
 #define WET(name) {#name, tvl##name, false, true}
+#define WET_PT(name) {#name, nullptr, false, false, tvl##name}
 const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(5),
                             {"VPT", tvlVPT}, {"DPT", tvlDPT}, {"UPT", tvlUPT}, {"SPT", tvlSPT}, {"HPT", tvlHPT},
                             {"CPPT", tvlCPPT}, {"CVPT", tvlCVPT}, {"WPT", tvlWPT},
@@ -46,7 +48,11 @@ const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(5),
                             {"DPDTST", DPDTST, true}, {"DYNVISPT", tvlDYNVISPT}, {"KINVISPT", tvlKINVISPT},
                             {"THERMCONDPT", tvlTHERMCONDPT}, {"PRANDTLEPT", tvlPRANDTLEPT}, WET(VSTX), WET(DSTX),
                             WET(USTX), WET(SSTX), WET(HSTX), WET(CPSTX), WET(JOULETHOMPSONSTX), WET(THERMCONDSTX),
-                            WET(DYNVISSTX), WET(KINVISSTX), WET(PRANDTLESTX)};
+                            WET(DYNVISSTX), WET(KINVISSTX), WET(PRANDTLESTX), WET_PT(VPTX), WET_PT(DPTX),
+                            WET_PT(UPTX), WET_PT(SPTX), WET_PT(HPTX), WET_PT(CPPTX), WET_PT(CVPTX), WET_PT(WPTX),
+                            WET_PT(JOULETHOMPSONPTX), WET_PT(THERMCONDPTX), WET_PT(DYNVISPTX), WET_PT(KINVISPTX),
+                            WET_PT(PRANDTLEPTX)};
+#undef WET_PT
 #undef WET
 #undef COVERED
 
@@ -71,6 +77,9 @@ void apply(const Settings& s) {
 
 double up(double x) { return std::nextafter(x, kInf); }
 double down(double x) { return std::nextafter(x, -kInf); }
+
+// x of the k-th (p,T,x) point: in turn inside, at and beyond the ends, and hostile.
+const double kDryness[] = {0.5, 0.0, 1.0, 1.0000000000000002, 1.0000000000000004, -5e-324, 0.25, kNaN, -0.0, kInf};
 
 // Random states over the whole (p,T) plane and somewhat beyond, the edges of the regions and of
 // the range one rounding unit either side, the saturation and B23 lines, and hostile values.
@@ -135,14 +144,15 @@ protected:
     // Every covered export over the points, as one batch, against its plain calls.
     static void expectPlainBits(const std::vector<std::pair<double, double>>& points, bool broadcastT,
                                 const std::string& where, bool wet = false) {
-        std::vector<double> p, T;
+        std::vector<double> p, T, x;
         for (const auto& point : points) p.push_back(point.first), T.push_back(point.second);
         const size_t count = points.size();
+        for (size_t k = 0; k < count; ++k) x.push_back(kDryness[k % std::size(kDryness)]);
         for (const Covered& e : kCovered) {
             if (e.wet != wet) continue;
             if (e.byTemperature) std::swap(p, T);
-            const double* inputs[2] = {p.data(), T.data()};
-            const int64_t strides[2] = {e.byTemperature && broadcastT ? 0 : 1, broadcastT && !e.byTemperature ? 0 : 1};
+            const double* inputs[3] = {p.data(), T.data(), x.data()};
+            const int64_t strides[3] = {e.byTemperature && broadcastT ? 0 : 1, broadcastT && !e.byTemperature ? 0 : 1, 1};
             std::vector<double> results(count, 7.0);
             std::vector<int32_t> errors(count, -7);
             const int64_t failed =
@@ -152,7 +162,8 @@ protected:
             int64_t plainFailed = 0, mismatches = 0;
             int32_t code = 0;
             for (size_t k = 0; k < count; ++k) {
-                const double value = e.plain(p[k * strides[0]], T[k * strides[1]]);
+                const double value = e.plainByPTX != nullptr ? e.plainByPTX(p[k * strides[0]], T[k * strides[1]], x[k])
+                                                             : e.plain(p[k * strides[0]], T[k * strides[1]]);
                 code = tvlGETLASTERROR();
                 plainFailed += code != 0;
                 if (std::memcmp(&value, &results[k], sizeof value) != 0 || code != errors[k]) {
