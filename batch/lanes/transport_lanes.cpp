@@ -111,21 +111,22 @@ HWY_INLINE void overArrays(const double* v, const double* T, double* out, std::s
     for (std::size_t j = 0; k + j < count; ++j) out[k + j] = oo[j];
 }
 
-void ViscosityKernel(const double* v, const double* T, double* out, std::size_t count) {
-    overArrays(v, T, out, count, [](D d, V vv, V Tv) { return viscosity(d, hn::Div(hn::Set(d, 1.0), vv), Tv); });
-}
-void KinematicViscosityKernel(const double* v, const double* T, double* out, std::size_t count) {
-    overArrays(v, T, out, count,
-               [](D d, V vv, V Tv) { return hn::Mul(viscosity(d, hn::Div(hn::Set(d, 1.0), vv), Tv), vv); });
-}
-void ConductivityKernel(const double* v, const double* T, double* out, std::size_t count) {
-    overArrays(v, T, out, count, [](D d, V vv, V Tv) { return conductivity(d, hn::Div(hn::Set(d, 1.0), vv), Tv); });
+// The density is 1 / v; the kinematic viscosity is the viscosity times v.
+template <int Which>
+void TransportKernel(const double* v, const double* T, double* out, std::size_t count) {
+    overArrays(v, T, out, count, [](D d, V vv, V Tv) {
+        const V rho = hn::Div(hn::Set(d, 1.0), vv);
+        if constexpr (Which == kViscosity) return viscosity(d, rho, Tv);
+        else if constexpr (Which == kKinematicViscosity) return hn::Mul(viscosity(d, rho, Tv), vv);
+        else return conductivity(d, rho, Tv);
+    });
 }
 
 }  // namespace
 
 const TransportKernels* TransportKernelsOf() {
-    static constexpr TransportKernels kSet = {{&ViscosityKernel, &KinematicViscosityKernel, &ConductivityKernel}};
+    static constexpr TransportKernels kSet = {
+        {&TransportKernel<kViscosity>, &TransportKernel<kKinematicViscosity>, &TransportKernel<kConductivity>}};
     return &kSet;
 }
 
