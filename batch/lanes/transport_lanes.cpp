@@ -9,6 +9,8 @@
 
 #include <cmath>
 #include <cstddef>
+#include <iterator>
+#include <utility>
 
 #include "lanes/transport_kernels.h"
 #include "water/formulation/constants.h"
@@ -42,6 +44,16 @@ HWY_INLINE V pow(D d, V x, V y) {
     return eachLane(d, [](double a, double b) { return std::pow(a, b); }, x, y);
 }
 
+// The sum of the viscosity terms in table order, unrolled so that the powers stay in registers.
+template <std::size_t... K>
+HWY_INLINE V viscositySum(D d, const V* b, const V* a, std::index_sequence<K...>) {
+    V sum = hn::Zero(d);
+    ((sum = hn::Add(sum, hn::Mul(hn::Mul(hn::Set(d, tvl::kViscosityH1[K].H), b[tvl::kViscosityH1[K].i]),
+                                 a[tvl::kViscosityH1[K].j]))),
+     ...);
+    return sum;
+}
+
 // DYNVISRT: mu0 from tau, then the sum of H_ij (tau - 1)^i (rhobar - 1)^j in table order, the
 // powers by repeated multiplication.
 HWY_INLINE V viscosity(D d, V rho, V T) {
@@ -57,9 +69,7 @@ HWY_INLINE V viscosity(D d, V rho, V T) {
     a[0] = c(1.0);
     for (int k = 1; k < 6; ++k) b[k] = hn::Mul(b[k - 1], hn::Sub(tau, c(1.0)));
     for (int k = 1; k < 7; ++k) a[k] = hn::Mul(a[k - 1], hn::Sub(rhobar, c(1.0)));
-    V sum = hn::Zero(d);
-    for (const tvl::ViscosityTerm& term : tvl::kViscosityH1)
-        sum = hn::Add(sum, hn::Mul(hn::Mul(c(term.H), b[term.i]), a[term.j]));
+    const V sum = viscositySum(d, b, a, std::make_index_sequence<std::size(tvl::kViscosityH1)>());
     return hn::Mul(mu0, exp(d, hn::Mul(rhobar, sum)));
 }
 
