@@ -27,7 +27,26 @@ const std::vector<Pair>& statesOf(int region) {
     // The saturation line: the argument in a, T for PST, p for TSP.
     static const auto lineT = tvlbench::states(273.15, 647.096, 0.0, 1.0, [](double, double) { return true; }, kStates);
     static const auto lineP = tvlbench::states(611.3, 2.2e7, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    // Transport by (p,T) over the viscosity range (with region 3 and without), and without region 3
+    // over the conductivity range; wet states (T, x) up to 623.15 K and up to the critical point.
+    static const auto viscosity = tvlbench::states(1e3, 1e8, 273.15, 1173.15, [](double, double) { return true; }, kStates);
+    static const auto viscosity125 = tvlbench::states(1e3, 1e8, 273.15, 1173.15, [](double p, double T) { return tvlWATERSTATEAREA2(p, T) != 3; }, kStates);
+    static const auto conductivity125 = tvlbench::states(1e3, 1e8, 273.15, 1073.15, [](double p, double T) {
+        return tvlWATERSTATEAREA2(p, T) != 3 && !(p > 7e7 && T > 773.15) && !(p > 4e7 && T > 923.15); }, kStates);
+    static const auto wet12 = tvlbench::states(273.15, 623.15, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    static const auto wet = tvlbench::states(273.15, 647.096, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    static const auto onTheLine = [] {  // (p, TSP(p)) up to 623.15 K: the wet area of the (p,T,x) family
+        auto states = tvlbench::states(611.3, 1.65e7, 0.0, 1.0, [](double, double) { return true; }, kStates);
+        for (Pair& state : states) state.b = tvlTSP(state.a);
+        return states;
+    }();
     switch (region) {
+    case 9: return viscosity;
+    case 10: return viscosity125;
+    case 11: return conductivity125;
+    case 12: return wet12;
+    case 13: return wet;
+    case 14: return onTheLine;
     case 7: return lineT;
     case 8: return lineP;
     case 1: return r1;
@@ -61,8 +80,9 @@ void array(benchmark::State& state, const char* name, int region) {
         p.push_back(in.a);
         T.push_back(in.b);
     }
-    const double* inputs[2] = {p.data(), T.data()};  // the line reads the first only
-    const int64_t strides[2] = {1, 1};
+    const std::vector<double> x(p.size(), 0.5);
+    const double* inputs[3] = {p.data(), T.data(), x.data()};  // the line reads the first only, (p,T,x) all
+    const int64_t strides[3] = {1, 1, 1};
     tvlxSETTHREADS(1);
     for (auto _ : state)
         benchmark::DoNotOptimize(tvlxEVALUATE(name, static_cast<int64_t>(p.size()), inputs, strides, nullptr,
@@ -78,7 +98,7 @@ double tsp(double p, double) { return tvlTSP(p); }
 struct Family {
     const char* name;
     double (*plain)(double, double);
-    int region;  // 1, 2, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p
+    int region;  // 1, 2, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p; 9 to 14 above
     const char* states;
 };
 
@@ -88,6 +108,13 @@ const Family kFamilies[] = {
     {"H5PT", tvlH5PT, 5, "r5"},  {"V5PT", tvlV5PT, 5, "r5"},  {"S5PT", tvlS5PT, 5, "r5"},  {"W5PT", tvlW5PT, 5, "r5"},
     {"HPT", tvlHPT, 6, "r125"},  {"VPT", tvlVPT, 6, "r125"},  {"SPT", tvlSPT, 6, "r125"},  {"CPPT", tvlCPPT, 6, "r125"},
     {"HPT", tvlHPT, 0, "all"},   {"VPT", tvlVPT, 0, "all"},   {"PST", pst, 7, "line"},      {"TSP", tsp, 8, "line"},
+    {"DYNVISPT", tvlDYNVISPT, 10, "r125"}, {"DYNVISPT", tvlDYNVISPT, 9, "all"}, {"KINVISPT", tvlKINVISPT, 10, "r125"},
+    {"THERMCONDPT", tvlTHERMCONDPT, 11, "r125"}, {"PRANDTLEPT", tvlPRANDTLEPT, 11, "r125"},
+    {"HSTX", tvlHSTX, 12, "wet12"}, {"VSTX", tvlVSTX, 12, "wet12"}, {"DSTX", tvlDSTX, 12, "wet12"},
+    {"HSTX", tvlHSTX, 13, "wet"},   {"JOULETHOMPSONSTX", tvlJOULETHOMPSONSTX, 13, "wet"},
+    {"HPTX", [](double p, double T) { return tvlHPTX(p, T, 0.5); }, 6, "r125"},
+    {"HPTX", [](double p, double T) { return tvlHPTX(p, T, 0.5); }, 14, "line12"},
+    {"DYNVISPTX", [](double p, double T) { return tvlDYNVISPTX(p, T, 0.5); }, 10, "r125"},
 };
 
 const int registered = [] {

@@ -14,6 +14,7 @@
 #include "frame/property_facade.h"
 #include "frame/validators.h"
 #include "lanes/kernels.h"
+#include "lanes/transport_kernels.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
 
@@ -25,11 +26,14 @@ namespace tvlx::lanes {
 
 constexpr int kFamily = 0;  // Export::region of the (p,T) family
 constexpr int kLine = -1;   // and of the saturation line
+constexpr int kTransport = -2;  // the transport exports by (p,T)
+constexpr int kWet = -3;        // the wet states by (T,x)
+constexpr int kWetByPT = -4;    // and by (p,T,x)
 
 struct Export {
     const char* name;
-    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine
-    int kernel;  // the Property, or on the line the Line
+    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine, kTransport, kWet
+    int kernel;  // the Property, or on the line the Line; for kTransport and kWet a quantity of a phase
     double (*plain)(double, double);
     double (tvl::PropertyFacade::*method)(double, double) noexcept;
     // The saturation line: one argument, and the range that checkRangeMode holds it to.
@@ -37,6 +41,9 @@ struct Export {
     double (tvl::PropertyFacade::*methodLine)(double) noexcept;
     double lowest;
     double highest;
+    // The (p,T,x) family: three arguments.
+    double (*plainWet)(double, double, double) = nullptr;
+    double (tvl::PropertyFacade::*methodWet)(double, double, double) noexcept = nullptr;
 };
 
 namespace {
@@ -52,6 +59,9 @@ namespace {
         TVLX_EXPORT(JOULETHOMPSON##r##PT, r, kJouleThomson)
 #define TVLX_LINE_EXPORT(name, line, lowest, highest) \
     {#name, kLine, line, nullptr, nullptr, [](double x) { return tvl##name(x); }, &tvl::PropertyFacade::name, lowest, highest}
+#define TVLX_WET_PT_EXPORT(name, quantity)                                                         \
+    {#name, kWetByPT, quantity, nullptr, nullptr, nullptr, nullptr, 0.0, 0.0,                      \
+     [](double p, double T, double x) { return tvl##name(p, T, x); }, &tvl::PropertyFacade::name}
 
 const Export kExports[] = {
     TVLX_REGION_EXPORTS(1),
@@ -70,8 +80,37 @@ const Export kExports[] = {
     TVLX_LINE_EXPORT(TSP, kSaturationTemperature, tvl::kSaturationLowestPressure,
                      tvl::kCriticalPressure * tvl::kOnePlusEps),
     TVLX_LINE_EXPORT(DPDTST, kSaturationSlope, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
+    TVLX_EXPORT(DYNVISPT, kTransport, kTransportQuantity + kViscosity),
+    TVLX_EXPORT(KINVISPT, kTransport, kTransportQuantity + kKinematicViscosity),
+    TVLX_EXPORT(THERMCONDPT, kTransport, kTransportQuantity + kConductivity),
+    TVLX_EXPORT(PRANDTLEPT, kTransport, kPrandtlQuantity),
+    TVLX_EXPORT(VSTX, kWet, kVolume),
+    TVLX_EXPORT(DSTX, kWet, kDensity),
+    TVLX_EXPORT(USTX, kWet, kInternalEnergy),
+    TVLX_EXPORT(SSTX, kWet, kEntropy),
+    TVLX_EXPORT(HSTX, kWet, kEnthalpy),
+    TVLX_EXPORT(CPSTX, kWet, kIsobaricHeat),
+    TVLX_EXPORT(JOULETHOMPSONSTX, kWet, kJouleThomson),
+    TVLX_EXPORT(THERMCONDSTX, kWet, kTransportQuantity + kConductivity),
+    TVLX_EXPORT(DYNVISSTX, kWet, kTransportQuantity + kViscosity),
+    TVLX_EXPORT(KINVISSTX, kWet, kTransportQuantity + kKinematicViscosity),
+    TVLX_EXPORT(PRANDTLESTX, kWet, kPrandtlQuantity),
+    TVLX_WET_PT_EXPORT(VPTX, kVolume),
+    TVLX_WET_PT_EXPORT(DPTX, kDensity),
+    TVLX_WET_PT_EXPORT(UPTX, kInternalEnergy),
+    TVLX_WET_PT_EXPORT(SPTX, kEntropy),
+    TVLX_WET_PT_EXPORT(HPTX, kEnthalpy),
+    TVLX_WET_PT_EXPORT(CPPTX, kIsobaricHeat),
+    TVLX_WET_PT_EXPORT(CVPTX, kIsochoricHeat),
+    TVLX_WET_PT_EXPORT(WPTX, kSpeedOfSound),
+    TVLX_WET_PT_EXPORT(JOULETHOMPSONPTX, kJouleThomson),
+    TVLX_WET_PT_EXPORT(THERMCONDPTX, kTransportQuantity + kConductivity),
+    TVLX_WET_PT_EXPORT(DYNVISPTX, kTransportQuantity + kViscosity),
+    TVLX_WET_PT_EXPORT(KINVISPTX, kTransportQuantity + kKinematicViscosity),
+    TVLX_WET_PT_EXPORT(PRANDTLEPTX, kPrandtlQuantity),
 };
 
+#undef TVLX_WET_PT_EXPORT
 #undef TVLX_LINE_EXPORT
 #undef TVLX_REGION_EXPORTS
 #undef TVLX_EXPORT
@@ -103,13 +142,13 @@ struct Settings {
     bool known;  // false: the library object's tolerance is not finite, which its export cannot tell
 };
 
-// What the export reads: regions' own exports nothing, the saturation line the range test, the
-// (p,T) family the tolerance as well.
+// What the export reads: regions' own exports nothing, the saturation line and the wet states
+// the range test, the (p,T) and transport families the tolerance as well.
 Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
     if (e.region > 0) return {0.0, false, true};
     if (facade != nullptr) return {facade->settings.tolerance, facade->settings.checksOn(), true};
     const bool checks = tvlGETCHECKRANGEMODE() != 0;
-    if (e.region == kLine) return {0.0, checks, true};
+    if (e.region == kLine || e.region == kWet) return {0.0, checks, true};
     const double tolerance = tvlGETTOLERANCE();
     return {tolerance, checks, tvlGETLASTERROR() == 0};
 }
@@ -211,6 +250,8 @@ void lineBlock(SliceRun& run, const KernelSet& set, const Settings& settings, in
     run.computed(start, accepted, index, n);
 }
 
+#include "lanes/transport_wet_blocks.inc"
+
 // The block's values of input j: in place where they are contiguous, else copied.
 const double* column(const Slice& slice, int j, int64_t start, int count, double* copy) {
     if (slice.strides[j] == 1) return slice.inputs[j] + start;
@@ -237,6 +278,11 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
         const double* p = column(slice, 0, start, count, pCopy);
         const double* T = e.region == kLine ? p : column(slice, 1, start, count, TCopy);
+        if (e.region == kWetByPT) {
+            double xCopy[kBlock];
+            wetPTBlock(run, set, settings, start, p, T, column(slice, 2, start, count, xCopy), count);
+            continue;
+        }
         if (!settings.known) {
             for (int k = 0; k < count; ++k) run.byPlainCall(start + k, p[k], T[k]);
             continue;
@@ -247,6 +293,14 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         }
         if (e.region == kLine) {
             lineBlock(run, set, settings, start, p, count);
+            continue;
+        }
+        if (e.region == kTransport) {
+            transportBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kWet) {
+            wetBlock(run, set, settings, start, p, T, count);
             continue;
         }
         kernelOf(set, e.region, e.kernel)(p, T, out, static_cast<std::size_t>(count));
