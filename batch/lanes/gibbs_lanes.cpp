@@ -566,6 +566,8 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
     overArrays(T, T, out, count, [](D d, V Tv, V) { return saturationSlope(d, Tv); });
 }
 
+#include "lanes/backward_lanes-inl.h"
+
 template <std::size_t... P>
 constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
     return {path,
@@ -573,7 +575,9 @@ constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
             {&Region1Kernel<P>...},
             {&Region2Kernel<P>...},
             {&Region5Kernel<P>...},
-            {&PressureKernel, &TemperatureKernel, &SlopeKernel}};
+            {&PressureKernel, &TemperatureKernel, &SlopeKernel},
+            {&SearchKernelOf<kT1PH>, &SearchKernelOf<kT1PS>, &SearchKernelOf<kP1HS>, &SearchKernelOf<kT2PH>,
+             &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>}};
 }
 
 const KernelSet* Kernels() {

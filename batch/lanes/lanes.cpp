@@ -14,6 +14,7 @@
 #include "frame/property_facade.h"
 #include "frame/validators.h"
 #include "lanes/kernels.h"
+#include "lanes/search_blocks.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
 
@@ -25,6 +26,7 @@ namespace tvlx::lanes {
 
 constexpr int kFamily = 0;  // Export::region of the (p,T) family
 constexpr int kLine = -1;   // and of the saturation line
+constexpr int kSearching = -2;  // and of the refined backward exports (search_blocks.h)
 
 struct Export {
     const char* name;
@@ -70,6 +72,9 @@ const Export kExports[] = {
     TVLX_LINE_EXPORT(TSP, kSaturationTemperature, tvl::kSaturationLowestPressure,
                      tvl::kCriticalPressure * tvl::kOnePlusEps),
     TVLX_LINE_EXPORT(DPDTST, kSaturationSlope, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
+    TVLX_EXPORT(T1PH, kSearching, kT1PH), TVLX_EXPORT(T1PS, kSearching, kT1PS), TVLX_EXPORT(P1HS, kSearching, kP1HS),
+    TVLX_EXPORT(T2PH, kSearching, kT2PH), TVLX_EXPORT(T2PS, kSearching, kT2PS), TVLX_EXPORT(P2HS, kSearching, kP2HS),
+    TVLX_EXPORT(TPH, kSearching, kTPH), TVLX_EXPORT(TPS, kSearching, kTPS), TVLX_EXPORT(PHS, kSearching, kPHS),
 };
 
 #undef TVLX_LINE_EXPORT
@@ -232,6 +237,7 @@ int64_t evaluate(const Export& e, const Slice& slice) {
     SliceRun run(e, slice);
     if (slice.last <= slice.first) return 0;
     const Settings settings = settingsOf(e, slice.facade);
+    const tvl::ModelSettings searchSettings = e.region == kSearching ? searchSettingsOf(slice.facade) : tvl::ModelSettings{};
     double pCopy[kBlock], TCopy[kBlock], out[kBlock];
     for (int64_t start = slice.first; start < slice.last; start += kBlock) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
@@ -247,6 +253,14 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         }
         if (e.region == kLine) {
             lineBlock(run, set, settings, start, p, count);
+            continue;
+        }
+        if (e.region == kSearching) {
+            int32_t code[kBlock];
+            searchBlock(set, e.kernel, searchSettings, p, T, out, code, count);
+            for (int k = 0; k < count; ++k)
+                if (code[k] == kByPlainCall) run.byPlainCall(start + k, p[k], T[k]);
+                else run.point(start + k, out[k], code[k]);
             continue;
         }
         kernelOf(set, e.region, e.kernel)(p, T, out, static_cast<std::size_t>(count));

@@ -23,10 +23,14 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
+// The arguments of an export: (p,T), or the backward families' (p,h), (p,s), (h,s).
+enum Arguments { kPT, kPH, kPS, kHS };
+
 struct Covered {
     const char* name;
     double (*plain)(double, double);
     bool byTemperature = false;  // the saturation line by T takes the T column
+    Arguments arguments = kPT;
 };
 
 double PST(double T, double) { return tvlPST(T); }
@@ -41,7 +45,10 @@ const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(5),
                             {"VPT", tvlVPT}, {"DPT", tvlDPT}, {"UPT", tvlUPT}, {"SPT", tvlSPT}, {"HPT", tvlHPT},
                             {"CPPT", tvlCPPT}, {"CVPT", tvlCVPT}, {"WPT", tvlWPT},
                             {"JOULETHOMPSONPT", tvlJOULETHOMPSONPT}, {"PST", PST, true}, {"TSP", TSP},
-                            {"DPDTST", DPDTST, true}};
+                            {"DPDTST", DPDTST, true}, {"T1PH", tvlT1PH, false, kPH}, {"T2PH", tvlT2PH, false, kPH},
+                            {"TPH", tvlTPH, false, kPH}, {"T1PS", tvlT1PS, false, kPS}, {"T2PS", tvlT2PS, false, kPS},
+                            {"TPS", tvlTPS, false, kPS}, {"P1HS", tvlP1HS, false, kHS}, {"P2HS", tvlP2HS, false, kHS},
+                            {"PHS", tvlPHS, false, kHS}};
 #undef COVERED
 
 struct Settings {
@@ -97,6 +104,26 @@ std::vector<std::pair<double, double>> statePoints() {
     return points;
 }
 
+// The states above as (p,h), (p,s) or (h,s) by the plain forward exports (under the default
+// settings), wet states at x = 0, 0.3, 1 one rounding unit either side, and hostile values.
+std::vector<std::pair<double, double>> pointsBy(Arguments which) {
+    const auto states = statePoints();
+    if (which == kPT) return states;
+    const auto pair = [which](double p, double h, double s) {
+        return which == kPH ? std::make_pair(p, h) : which == kPS ? std::make_pair(p, s) : std::make_pair(h, s);
+    };
+    std::vector<std::pair<double, double>> points;
+    for (const auto& [p, T] : states) points.push_back(pair(p, tvlHPT(p, T), tvlSPT(p, T)));
+    for (double T = 273.16; T < 647.0; T += 9.7)
+        for (double x : {0.0, 0.3, 1.0}) {
+            const double h = tvlHSWT(T) + x * (tvlHSST(T) - tvlHSWT(T)), s = tvlSSWT(T) + x * (tvlSSST(T) - tvlSSWT(T));
+            for (double y : {down(h), h, up(h)}) points.push_back(pair(tvlPST(T), y, which == kPS ? y / 700.0 : s));
+        }
+    for (const auto& [a, b] : states)
+        if (!std::isfinite(a) || !std::isfinite(b) || a <= 0.0) points.push_back({a * 3e3, b * 7.0});
+    return points;
+}
+
 class LanesTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -111,11 +138,12 @@ protected:
 
     // Every covered export over the points, as one batch, against its plain calls.
     static void expectPlainBits(const std::vector<std::pair<double, double>>& points, bool broadcastT,
-                                const std::string& where) {
+                                const std::string& where, Arguments arguments = kPT) {
         std::vector<double> p, T;
         for (const auto& point : points) p.push_back(point.first), T.push_back(point.second);
         const size_t count = points.size();
         for (const Covered& e : kCovered) {
+            if (e.arguments != arguments) continue;
             if (e.byTemperature) std::swap(p, T);
             const double* inputs[2] = {p.data(), T.data()};
             const int64_t strides[2] = {e.byTemperature && broadcastT ? 0 : 1, broadcastT && !e.byTemperature ? 0 : 1};
@@ -147,14 +175,18 @@ protected:
 };
 
 TEST_F(LanesTest, EveryCoveredExportHasThePlainBitsUnderEverySetting) {
-    const auto points = statePoints();
-    tvlxSETTHREADS(1);
-    for (const Settings& s : kSettings) {
-        apply(s);
-        expectPlainBits(points, false,
-                        "checks " + std::to_string(s.checkRangeMode) + " mode " + std::to_string(s.toleranceMode) +
-                            " iterations " + std::to_string(s.maxIterations) + " tolerance " +
-                            std::to_string(s.tolerance));
+    for (Arguments arguments : {kPT, kPH, kPS, kHS}) {
+        const auto points = pointsBy(arguments);
+        tvlxSETTHREADS(1);
+        for (const Settings& s : kSettings) {
+            apply(s);
+            expectPlainBits(points, false,
+                            "checks " + std::to_string(s.checkRangeMode) + " mode " + std::to_string(s.toleranceMode) +
+                                " iterations " + std::to_string(s.maxIterations) + " tolerance " +
+                                std::to_string(s.tolerance),
+                            arguments);
+        }
+        apply(kSettings[0]);
     }
 }
 
