@@ -1,4 +1,4 @@
-// The refined backward searches of regions 1 and 2 in lanes: T(p,h), T(p,s) and p(h,s). Each lane
+// The refined backward searches of regions 1, 2 and 5 in lanes: T(p,h), T(p,s) and p(h,s). Each lane
 // takes the start of its plain call (the subregion's backward equation, chosen per lane; the sums
 // in table order), then Newton steps on the forward equations with the plain call's count rule,
 // stop test and clamps. A lane that has stopped keeps its values while the others go on; the
@@ -392,6 +392,84 @@ HWY_INLINE Found p2hs(D d, V h, V s, const SearchSettings& settings) {
     return {p, T, failed};
 }
 
+// ---- Region 5: searches from the library's own start fits, in any toleranceMode ----
+
+constexpr double kRegion5HighestT = tvl::kHighestTemperature;
+
+template <unsigned Wanted>
+HWY_INLINE Sums region5SumsAt(D d, const Powers<kRegion5ReachPi>& x, V pi, V tau, V logPi) {
+    Powers<kRegion5ReachTau> y;
+    y.fill(d, tau);
+    const Sums residual =
+        residualSums<kRegion5Residual, Wanted, false>(d, x, y, std::make_index_sequence<kRegion5Residual.size()>());
+    const Sums ideal = idealSums<kRegion5Ideal, Wanted>(d, y, std::make_index_sequence<kRegion5Ideal.size()>());
+    return combined<Wanted>(d, pi, ideal, residual, logPi);
+}
+
+HWY_INLINE V region5StartFromEnthalpy(D d, V h) {
+    return hn::Sub(hn::Mul(lanesOf(d, 0.000369365564435273), h), lanesOf(d, 433.113582272742));
+}
+
+// A root just above 2273.15 K, within the stop limit, is taken as 2273.15 K with checks on.
+HWY_INLINE V snapToHighest(D d, V T, V limit, bool checks) {
+    if (!checks) return T;
+    const V highest = lanesOf(d, kRegion5HighestT);
+    return hn::IfThenElse(hn::And(hn::Le(hn::Abs(hn::Sub(highest, T)), limit), hn::Gt(T, highest)), highest, T);
+}
+
+HWY_INLINE Found t5ph(D d, V p, V h, const SearchSettings& s) {
+    const V pi = hn::Div(p, lanesOf(d, 1e6));
+    Powers<kRegion5ReachPi> x;
+    x.fill(d, pi);
+    V T = region5StartFromEnthalpy(d, h);
+    const V limit = hn::Mul(T, lanesOf(d, s.tolerance));
+    const M failed = temperatureSearch<true>(d, T, hn::FirstN(d, hn::Lanes(d)), limit, s.maxIterations, [&](V t) {
+        const V tau = hn::Div(lanesOf(d, 1000.0), t);
+        const Sums g = region5SumsAt<kTau | kTauTau>(d, x, pi, tau, hn::Zero(d));
+        return hn::Div(hn::Neg(hn::Sub(hn::Mul(lanesOf(d, 461526.0), g.gTau), h)), cpOf(d, tau, g.gTauTau));
+    });
+    T = snapToHighest(d, T, limit, s.checks);
+    return {T, T, failed};
+}
+
+HWY_INLINE Found t5ps(D d, V p, V entropy, const SearchSettings& s) {
+    const V pi = hn::Div(p, lanesOf(d, 1e6));
+    const V logPi = logarithm(d, pi);
+    Powers<kRegion5ReachPi> x;
+    x.fill(d, pi);
+    V T = hn::Sub(hn::Mul(lanesOf(d, 0.603742942732547), entropy), lanesOf(d, 3660.91547095205));
+    const V limit = hn::Mul(T, lanesOf(d, s.tolerance));
+    const M failed = temperatureSearch<true>(d, T, hn::FirstN(d, hn::Lanes(d)), limit, s.maxIterations, [&](V t) {
+        const V tau = hn::Div(lanesOf(d, 1000.0), t);
+        const Sums g = region5SumsAt<kG | kTau | kTauTau>(d, x, pi, tau, logPi);
+        const V sNow = hn::Mul(lanesOf(d, R), hn::Sub(hn::Mul(tau, g.gTau), g.g));
+        return hn::Div(hn::Mul(hn::Neg(hn::Sub(sNow, entropy)), t), cpOf(d, tau, g.gTauTau));
+    });
+    T = snapToHighest(d, T, limit, s.checks);
+    return {T, T, failed};
+}
+
+// The start: T from h, p on an ideal-gas isotherm through 611 Pa, exp and log from libm.
+HWY_INLINE Found p5hs(D d, V h, V s, const SearchSettings& settings) {
+    constexpr double kReferencePressure = 611.0;
+    V T = region5StartFromEnthalpy(d, h);
+    const V startEntropy = region5Property<kEntropy>(d, lanesOf(d, kReferencePressure), T);
+    HWY_ALIGN double lanes[hn::MaxLanes(d)];
+    hn::Store(hn::Add(lanesOf(d, std::log(kReferencePressure)),
+                      hn::Mul(hn::Sub(startEntropy, s), lanesOf(d, 0.002157661830695))),
+              d, lanes);
+    for (std::size_t k = 0; k < hn::Lanes(d); ++k) lanes[k] = std::exp(lanes[k]);
+    V p = hn::Load(d, lanes);
+    if (!settings.refining) return {p, T, hn::FirstN(d, 0)};
+    const V limitH = hn::Mul(lanesOf(d, settings.tolerance), h);
+    const V limitS = hn::Mul(lanesOf(d, settings.tolerance), s);
+    const M failed = enthalpyEntropySearch(d, p, T, limitH, limitS, settings.maxIterations, [&](M, V pNow, V TNow) {
+        const Point x = region5<kStepTerms>(d, pNow, TNow);
+        return stepTowards(d, x.sums, x.tau, TNow, 1e6, 461526.0, h, s);
+    });
+    return {p, T, failed};
+}
+
 template <int Which>
 HWY_INLINE Found searchLanes(D d, V a, V b, const SearchSettings& s) {
     if constexpr (Which == kT1PH) return t1ph(d, a, b, s);
@@ -400,6 +478,9 @@ HWY_INLINE Found searchLanes(D d, V a, V b, const SearchSettings& s) {
     if constexpr (Which == kT2PH) return t2ph(d, a, b, s);
     if constexpr (Which == kT2PS) return t2ps(d, a, b, s);
     if constexpr (Which == kP2HS) return p2hs(d, a, b, s);
+    if constexpr (Which == kT5PH) return t5ph(d, a, b, s);
+    if constexpr (Which == kT5PS) return t5ps(d, a, b, s);
+    if constexpr (Which == kP5HS) return p5hs(d, a, b, s);
 }
 
 // Over contiguous arrays; the last partial vector runs on a copy padded with its first point.

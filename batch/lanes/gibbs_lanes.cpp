@@ -577,7 +577,8 @@ constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
             {&Region5Kernel<P>...},
             {&PressureKernel, &TemperatureKernel, &SlopeKernel},
             {&SearchKernelOf<kT1PH>, &SearchKernelOf<kT1PS>, &SearchKernelOf<kP1HS>, &SearchKernelOf<kT2PH>,
-             &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>}};
+             &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>, &SearchKernelOf<kT5PH>, &SearchKernelOf<kT5PS>,
+             &SearchKernelOf<kP5HS>}};
 }
 
 const KernelSet* Kernels() {

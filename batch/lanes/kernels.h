@@ -23,9 +23,9 @@ using PointKernel = void (*)(const double* p, const double* T, double* out, std:
 using Classifier = void (*)(const double* p, const double* T, double* region, std::size_t count, double tolerance,
                             bool checks);
 
-// The refined backward searches of regions 1 and 2 (backward_lanes-inl.h), and the settings
-// they read.
-enum Search { kT1PH, kT1PS, kP1HS, kT2PH, kT2PS, kP2HS, kSearchCount };
+// The refined backward searches of regions 1, 2 and 5 (backward_lanes-inl.h), three per region,
+// and the settings they read.
+enum Search { kT1PH, kT1PS, kP1HS, kT2PH, kT2PS, kP2HS, kT5PH, kT5PS, kP5HS, kSearchCount };
 
 struct SearchSettings {
     double tolerance;
@@ -36,7 +36,7 @@ struct SearchSettings {
 
 // value[k] = the region's function at (a[k], b[k]) before the frame's tests: a temperature, or
 // for p(h,s) the pressure with the temperature its search published last in temperature[k]
-// (HUGE_VAL where it published none); failed[k] = 1 where the search gave up at the cap.
+// (HUGE_VAL where regions 1 and 2 publish none); failed[k] = 1 where the search gave up at the cap.
 using SearchKernel = void (*)(const double* a, const double* b, double* value, double* temperature, int* failed,
                               std::size_t count, const SearchSettings& settings);
 

@@ -74,6 +74,7 @@ const Export kExports[] = {
     TVLX_LINE_EXPORT(DPDTST, kSaturationSlope, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
     TVLX_EXPORT(T1PH, kSearching, kT1PH), TVLX_EXPORT(T1PS, kSearching, kT1PS), TVLX_EXPORT(P1HS, kSearching, kP1HS),
     TVLX_EXPORT(T2PH, kSearching, kT2PH), TVLX_EXPORT(T2PS, kSearching, kT2PS), TVLX_EXPORT(P2HS, kSearching, kP2HS),
+    TVLX_EXPORT(T5PH, kSearching, kT5PH), TVLX_EXPORT(T5PS, kSearching, kT5PS), TVLX_EXPORT(P5HS, kSearching, kP5HS),
     TVLX_EXPORT(TPH, kSearching, kTPH), TVLX_EXPORT(TPS, kSearching, kTPS), TVLX_EXPORT(PHS, kSearching, kPHS),
 };
 

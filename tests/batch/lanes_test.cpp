@@ -46,9 +46,9 @@ const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(5),
                             {"CPPT", tvlCPPT}, {"CVPT", tvlCVPT}, {"WPT", tvlWPT},
                             {"JOULETHOMPSONPT", tvlJOULETHOMPSONPT}, {"PST", PST, true}, {"TSP", TSP},
                             {"DPDTST", DPDTST, true}, {"T1PH", tvlT1PH, false, kPH}, {"T2PH", tvlT2PH, false, kPH},
-                            {"TPH", tvlTPH, false, kPH}, {"T1PS", tvlT1PS, false, kPS}, {"T2PS", tvlT2PS, false, kPS},
-                            {"TPS", tvlTPS, false, kPS}, {"P1HS", tvlP1HS, false, kHS}, {"P2HS", tvlP2HS, false, kHS},
-                            {"PHS", tvlPHS, false, kHS}};
+                            {"T5PH", tvlT5PH, false, kPH}, {"TPH", tvlTPH, false, kPH}, {"T1PS", tvlT1PS, false, kPS}, {"T2PS", tvlT2PS, false, kPS},
+                            {"T5PS", tvlT5PS, false, kPS}, {"TPS", tvlTPS, false, kPS}, {"P1HS", tvlP1HS, false, kHS}, {"P2HS", tvlP2HS, false, kHS},
+                            {"P5HS", tvlP5HS, false, kHS}, {"PHS", tvlPHS, false, kHS}};
 #undef COVERED
 
 struct Settings {
