@@ -8,21 +8,22 @@
 // include guard, since it is compiled once per target.
 
 constexpr double kLowestT = tvl::kLowestTemperature;
-constexpr double kHighestT = tvl::kRegion25Temperature;  // the clamp of the region 2 searches
-constexpr double kRegion2SmallestPressure = 2.220446049250313e-16;
+constexpr double kHighestT = tvl::region2::kHighestTemperature;  // the clamp of the region 2 searches
 
 using M = hn::Mask<D>;
 
+// The highest power of a variable that a backward table reads.
 template <class Table, class Exponent>
 constexpr int extent(const Table& table, Exponent exponent) {
     int highest = 0;
-    for (const auto& t : table) highest = (exponent(t) < 0 ? -exponent(t) : exponent(t)) > highest
-                                              ? (exponent(t) < 0 ? -exponent(t) : exponent(t))
-                                              : highest;
+    for (const auto& t : table) {
+        const int e = exponent(t) < 0 ? -exponent(t) : exponent(t);
+        highest = e > highest ? e : highest;
+    }
     return highest;
 }
 constexpr auto termI = [](const tvl::PowerTerm& t) { return t.I; };
-constexpr auto termJ = [](const tvl::PowerTerm& t) { return t.J; };
+constexpr auto termJ = [](const auto& t) { return t.J; };
 
 template <const auto& Table, int RX, int RY, std::size_t... K>
 HWY_INLINE V powerSum(D d, const Powers<RX>& x, const Powers<RY>& y, std::index_sequence<K...>) {
@@ -42,6 +43,12 @@ HWY_INLINE V backwardSum(D d, V xv, V yv) {
 }
 
 HWY_INLINE V lanesOf(D d, double value) { return hn::Set(d, value); }
+
+// x / scale + shift, as the plain equations reduce their arguments (x / scale - c is the same
+// operation as x / scale + (-c)).
+HWY_INLINE V reduced(D d, V x, double scale, double shift) {
+    return hn::Add(hn::Div(x, lanesOf(d, scale)), lanesOf(d, shift));
+}
 
 // The exponents of pi in T2a(p,s), each once: pow(x, I) lane by lane from libm, as the plain call.
 struct FractionalExponents {
@@ -81,29 +88,24 @@ HWY_INLINE V t2aps(D d, V p, V s) {
         for (std::size_t k = 0; k < hn::Lanes(d); ++k) lanes[k] = std::pow(x[k], kT2APSExponents.value[j]);
         powersOfX[j] = hn::Load(d, lanes);
     }
-    constexpr int kReachJ = [] {
-        int highest = 0;
-        for (const tvl::FractionalPowerTerm& t : tvl::kT2APS) highest = (t.J < 0 ? -t.J : t.J) > highest ? (t.J < 0 ? -t.J : t.J) : highest;
-        return highest;
-    }();
-    Powers<kReachJ> y;
-    y.fill(d, hn::Sub(hn::Div(s, lanesOf(d, 2000.0)), lanesOf(d, 2.0)));
+    Powers<extent(tvl::kT2APS, termJ)> y;
+    y.fill(d, reduced(d, s, 2000.0, -2.0));
     return fractionalSum(d, powersOfX, y, std::make_index_sequence<std::size(tvl::kT2APS)>());
 }
 
 // ---- The starts: the backward equations, the subregion chosen per lane ----
 
+
 HWY_INLINE V t1phEquation(D d, V p, V h) {
-    return backwardSum<tvl::kT1PH>(d, hn::Div(p, lanesOf(d, 1e6)), hn::Add(hn::Div(h, lanesOf(d, 2.5e6)), lanesOf(d, 1.0)));
+    return backwardSum<tvl::kT1PH>(d, hn::Div(p, lanesOf(d, 1e6)), reduced(d, h, 2.5e6, 1.0));
 }
 
 HWY_INLINE V t1psEquation(D d, V p, V s) {
-    return backwardSum<tvl::kT1PS>(d, hn::Div(p, lanesOf(d, 1e6)), hn::Add(hn::Div(s, lanesOf(d, 1000.0)), lanesOf(d, 2.0)));
+    return backwardSum<tvl::kT1PS>(d, hn::Div(p, lanesOf(d, 1e6)), reduced(d, s, 1000.0, 2.0));
 }
 
 HWY_INLINE V p1hsEquation(D d, V h, V s) {
-    const V sum = backwardSum<tvl::kP1HS>(d, hn::Add(hn::Div(h, lanesOf(d, 3.4e6)), lanesOf(d, 0.05)),
-                                          hn::Add(hn::Div(s, lanesOf(d, 7600.0)), lanesOf(d, 0.05)));
+    const V sum = backwardSum<tvl::kP1HS>(d, reduced(d, h, 3.4e6, 0.05), reduced(d, s, 7600.0, 0.05));
     return hn::Mul(lanesOf(d, 1e8), sum);
 }
 
@@ -124,13 +126,11 @@ HWY_INLINE V t2phEquation(D d, V p, V h) {
     const M c = hn::AndNot(hn::Or(a, b), hn::FirstN(d, hn::Lanes(d)));
     const V pi = hn::Div(p, lanesOf(d, 1e6));
     V T = hn::Zero(d);
-    T = where(d, a, T, [&] { return backwardSum<tvl::kT2APH>(d, pi, hn::Sub(hn::Div(h, lanesOf(d, 2e6)), lanesOf(d, 2.1))); });
-    T = where(d, b, T, [&] {
-        return backwardSum<tvl::kT2BPH>(d, hn::Sub(pi, lanesOf(d, 2.0)), hn::Sub(hn::Div(h, lanesOf(d, 2e6)), lanesOf(d, 2.6)));
-    });
-    T = where(d, c, T, [&] {
-        return backwardSum<tvl::kT2CPH>(d, hn::Add(pi, lanesOf(d, 25.0)), hn::Sub(hn::Div(h, lanesOf(d, 2e6)), lanesOf(d, 1.8)));
-    });
+    T = where(d, a, T, [&] { return backwardSum<tvl::kT2APH>(d, pi, reduced(d, h, 2e6, -2.1)); });
+    T = where(d, b, T,
+              [&] { return backwardSum<tvl::kT2BPH>(d, hn::Sub(pi, lanesOf(d, 2.0)), reduced(d, h, 2e6, -2.6)); });
+    T = where(d, c, T,
+              [&] { return backwardSum<tvl::kT2CPH>(d, hn::Add(pi, lanesOf(d, 25.0)), reduced(d, h, 2e6, -1.8)); });
     return T;
 }
 
@@ -142,8 +142,12 @@ HWY_INLINE V t2psEquation(D d, V p, V s) {
     const V pi = hn::Div(p, lanesOf(d, 1e6));
     V T = hn::Zero(d);
     T = where(d, a, T, [&] { return t2aps(d, p, s); });
-    T = where(d, b, T, [&] { return backwardSum<tvl::kT2BPS>(d, pi, hn::Sub(lanesOf(d, 10.0), hn::Div(s, lanesOf(d, 785.3)))); });
-    T = where(d, c, T, [&] { return backwardSum<tvl::kT2CPS>(d, pi, hn::Sub(lanesOf(d, 2.0), hn::Div(s, lanesOf(d, 2925.1)))); });
+    T = where(d, b, T, [&] {
+        return backwardSum<tvl::kT2BPS>(d, pi, hn::Sub(lanesOf(d, 10.0), hn::Div(s, lanesOf(d, 785.3))));
+    });
+    T = where(d, c, T, [&] {
+        return backwardSum<tvl::kT2CPS>(d, pi, hn::Sub(lanesOf(d, 2.0), hn::Div(s, lanesOf(d, 2925.1))));
+    });
     return T;
 }
 
@@ -166,18 +170,15 @@ HWY_INLINE V p2hsEquation(D d, V h, V s) {
     const M a = hn::AndNot(hn::Or(c, b), hn::FirstN(d, hn::Lanes(d)));
     V p = hn::Zero(d);
     p = where(d, a, p, [&] {
-        return fourthPowerTimes(d, backwardSum<tvl::kP2AHS>(d, hn::Sub(hn::Div(h, lanesOf(d, 4.2e6)), lanesOf(d, 0.5)),
-                                                            hn::Sub(hn::Div(s, lanesOf(d, 12000.0)), lanesOf(d, 1.2))),
-                                4e6);
+        return fourthPowerTimes(
+            d, backwardSum<tvl::kP2AHS>(d, reduced(d, h, 4.2e6, -0.5), reduced(d, s, 12000.0, -1.2)), 4e6);
     });
     p = where(d, b, p, [&] {
-        return fourthPowerTimes(d, backwardSum<tvl::kP2BHS>(d, hn::Sub(hn::Div(h, lanesOf(d, 4.1e6)), lanesOf(d, 0.6)),
-                                                            hn::Sub(hn::Div(s, lanesOf(d, 7900.0)), lanesOf(d, 1.01))),
-                                1e8);
+        return fourthPowerTimes(
+            d, backwardSum<tvl::kP2BHS>(d, reduced(d, h, 4.1e6, -0.6), reduced(d, s, 7900.0, -1.01)), 1e8);
     });
     p = where(d, c, p, [&] {
-        return fourthPowerTimes(d, backwardSum<tvl::kP2CHS>(d, hn::Sub(hn::Div(h, lanesOf(d, 3.5e6)), lanesOf(d, 0.7)),
-                                                            hn::Sub(hn::Div(s, lanesOf(d, 5900.0)), lanesOf(d, 1.1))),
+        return fourthPowerTimes(d, backwardSum<tvl::kP2CHS>(d, reduced(d, h, 3.5e6, -0.7), reduced(d, s, 5900.0, -1.1)),
                                 1e8);
     });
     return p;
@@ -200,9 +201,7 @@ HWY_INLINE V clampBelow(D d, V x, double lowest) {
     return hn::IfThenElse(hn::Lt(x, lanesOf(d, lowest)), lanesOf(d, lowest), x);
 }
 
-HWY_INLINE V cpOf(D d, V tau, V gTauTau) {
-    return hn::Mul(hn::Mul(hn::Mul(lanesOf(d, -R), tau), tau), gTauTau);
-}
+HWY_INLINE V cpOf(D d, V tau, V gTauTau) { return hn::Mul(hn::Mul(hn::Mul(lanesOf(d, -R), tau), tau), gTauTau); }
 
 // A temperature search: T += step(T) on the active lanes while count <= maxIterations and the
 // step passes the stop test (> limit, or >= limit where `orEqual`); a lane that stops on or after
@@ -216,7 +215,8 @@ HWY_INLINE M temperatureSearch(D d, V& T, M active, V limit, int maxIterations, 
         const V dT = step(T);
         T = hn::IfThenElse(active, hn::Add(T, dT), T);
         const V size = hn::Abs(dT);
-        const M going = count <= maxIterations ? (OrEqual ? hn::Ge(size, limit) : hn::Gt(size, limit)) : hn::FirstN(d, 0);
+        const M going =
+            count <= maxIterations ? (OrEqual ? hn::Ge(size, limit) : hn::Gt(size, limit)) : hn::FirstN(d, 0);
         if (count >= maxIterations) failed = hn::Or(failed, hn::AndNot(going, active));
         active = hn::And(active, going);
     } while (!hn::AllFalse(d, active));
@@ -233,7 +233,8 @@ HWY_INLINE Found t1ph(D d, V p, V h, const SearchSettings& s) {
         const V tau = hn::Div(lanesOf(d, tvl::kRegion1Temperature), t);
         Powers<kRegion1ReachY> y;
         y.fill(d, hn::Sub(tau, lanesOf(d, 1.222)));
-        const Sums g = residualSums<kRegion1, kTau | kTauTau, true>(d, x, y, std::make_index_sequence<kRegion1.size()>());
+        const Sums g =
+            residualSums<kRegion1, kTau | kTauTau, true>(d, x, y, std::make_index_sequence<kRegion1.size()>());
         return hn::Div(hn::Neg(hn::Sub(hn::Mul(lanesOf(d, tvl::kRegion1RT), g.gTau), h)), cpOf(d, tau, g.gTauTau));
     });
     if (s.checks) T = clampBelow(d, T, kLowestT);
@@ -282,9 +283,9 @@ HWY_INLINE Found t2ph(D d, V p, V h, const SearchSettings& s) {
     Powers<kRegion2ReachPi> x;
     x.fill(d, pi);
     const M failed = temperatureSearch<true>(d, T, hn::FirstN(d, hn::Lanes(d)), limit, s.maxIterations, [&](V t) {
-        const V tau = hn::Div(lanesOf(d, 540.0), t);
+        const V tau = hn::Div(lanesOf(d, tvl::region2::kTemperature), t);
         const Sums g = region2SumsAt<kTau | kTauTau>(d, x, pi, tau, hn::Zero(d));
-        return hn::Div(hn::Neg(hn::Sub(hn::Mul(lanesOf(d, 249224.04), g.gTau), h)), cpOf(d, tau, g.gTauTau));
+        return hn::Div(hn::Neg(hn::Sub(hn::Mul(lanesOf(d, tvl::region2::kRT), g.gTau), h)), cpOf(d, tau, g.gTauTau));
     });
     if (s.checks) T = clampRegion2(d, T);
     return {T, T, failed};
@@ -302,7 +303,7 @@ HWY_INLINE Found t2ps(D d, V p, V entropy, const SearchSettings& s) {
     Powers<kRegion2ReachPi> x;
     x.fill(d, pi);
     const M failed = temperatureSearch<true>(d, T, searched, limit, s.maxIterations, [&](V t) {
-        const V tau = hn::Div(lanesOf(d, 540.0), t);
+        const V tau = hn::Div(lanesOf(d, tvl::region2::kTemperature), t);
         const Sums g = region2SumsAt<kG | kTau | kTauTau>(d, x, pi, tau, logPi);
         const V sNow = hn::Mul(lanesOf(d, R), hn::Sub(hn::Mul(tau, g.gTau), g.g));
         return hn::Div(hn::Mul(hn::Neg(t), hn::Sub(sNow, entropy)), cpOf(d, tau, g.gTauTau));
@@ -327,8 +328,7 @@ HWY_INLINE StepHS stepTowards(D d, const Sums& g, V tau, V T, double pStar, doub
     const V dsdp = hn::Neg(dvdT);
     const V cp = cpOf(d, tau, g.gTauTau);
     const V det = hn::Sub(hn::Mul(hn::Div(cp, T), dhdp), hn::Mul(cp, dsdp));
-    return {residualH, residualS,
-            hn::Div(hn::Sub(hn::Mul(residualS, cp), hn::Div(hn::Mul(residualH, cp), T)), det),
+    return {residualH, residualS, hn::Div(hn::Sub(hn::Mul(residualS, cp), hn::Div(hn::Mul(residualH, cp), T)), det),
             hn::Div(hn::Sub(hn::Mul(residualH, dsdp), hn::Mul(residualS, dhdp)), det)};
 }
 
@@ -379,16 +379,17 @@ HWY_INLINE Found p2hs(D d, V h, V s, const SearchSettings& settings) {
     p = clampBelow(d, p, 0.0);
     const V limitH = hn::Mul(lanesOf(d, settings.tolerance), h);
     const V limitS = hn::Mul(lanesOf(d, settings.tolerance), s);
-    const M failed = enthalpyEntropySearch(d, p, T, limitH, limitS, settings.maxIterations, [&](M active, V& pNow, V TNow) {
-        pNow = hn::IfThenElse(hn::And(active, hn::Lt(pNow, lanesOf(d, kRegion2SmallestPressure))),
-                              lanesOf(d, kRegion2SmallestPressure), pNow);
-        const V pi = hn::Div(pNow, lanesOf(d, 1e6));
-        const V tau = hn::Div(lanesOf(d, 540.0), TNow);
-        Powers<kRegion2ReachPi> x;
-        x.fill(d, pi);
-        const Sums g = region2SumsAt<kStepTerms>(d, x, pi, tau, logarithm(d, pi));
-        return stepTowards(d, g, tau, TNow, 1e6, 249224.04, h, s);
-    });
+    const M failed =
+        enthalpyEntropySearch(d, p, T, limitH, limitS, settings.maxIterations, [&](M active, V& pNow, V TNow) {
+            pNow = hn::IfThenElse(hn::And(active, hn::Lt(pNow, lanesOf(d, tvl::region2::kSmallestPressure))),
+                                  lanesOf(d, tvl::region2::kSmallestPressure), pNow);
+            const V pi = hn::Div(pNow, lanesOf(d, 1e6));
+            const V tau = hn::Div(lanesOf(d, tvl::region2::kTemperature), TNow);
+            Powers<kRegion2ReachPi> x;
+            x.fill(d, pi);
+            const Sums g = region2SumsAt<kStepTerms>(d, x, pi, tau, logarithm(d, pi));
+            return stepTowards(d, g, tau, TNow, tvl::region2::kPressure, tvl::region2::kRT, h, s);
+        });
     return {p, T, failed};
 }
 

@@ -20,6 +20,7 @@
 #include "frame/validators.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/pressure_buckets.h"
+#include "water/formulation/region2_gibbs.h"
 #include "water/formulation/tables/region1_coefficients.h"
 #include "water/formulation/tables/region2_coefficients.h"
 #include "water/formulation/tables/region5_coefficients.h"

@@ -96,7 +96,8 @@ void dispatchedResult(int which, int region, const tvl::ModelSettings& settings,
         int32_t stateCode = tvl::kNoError;
         if (which == kPHS)
             stateCode = settings.refining() || region == 5 ? solvedStateCode(value, T) : tvl::kBadParameters;
-        else stateCode = solvedStateCode(a, value);
+        else
+            stateCode = solvedStateCode(a, value);
         if (stateCode != tvl::kNoError) {
             out = -1.0;
             code = stateCode;
