@@ -79,6 +79,9 @@ int selectPoint(int which, tvl::WaterModel& w, const tvl::ModelSettings& setting
         }
         if (which == kTPS) return w.REGIONPS(a, b);
         if (settings.checksOn()) tvl::requireEnthalpyEntropy(a, b);
+        // Left of the critical entropy REGIONHS answers 1 below 1553.9 kJ/kg whatever its
+        // saturated-water fit says: the fit is skipped there.
+        if (a < 1553900.0 && b <= tvl::kCriticalEntropy) return 1;
         return w.REGIONHS(a, b);
     } catch (int code) {
         return code == tvl::kOutOfRange ? -1 : 0;
