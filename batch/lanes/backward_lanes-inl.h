@@ -223,18 +223,27 @@ HWY_INLINE M temperatureSearch(D d, V& T, M active, V limit, int maxIterations, 
     return failed;
 }
 
+// The region 1 sums at tau, the powers of 7.1 - pi filled once per search.
+struct Region1X {
+    Powers<kRegion1ReachX> x;
+    Region1X(D d, V p) { x.fill(d, hn::Sub(lanesOf(d, 7.1), hn::Div(p, lanesOf(d, tvl::kRegion1Pressure)))); }
+
+    template <unsigned Wanted>
+    HWY_INLINE Sums sumsAt(D d, V tau) const {
+        Powers<kRegion1ReachY> y;
+        y.fill(d, hn::Sub(tau, lanesOf(d, 1.222)));
+        return residualSums<kRegion1, Wanted, true>(d, x, y, std::make_index_sequence<kRegion1.size()>());
+    }
+};
+
 HWY_INLINE Found t1ph(D d, V p, V h, const SearchSettings& s) {
     V T = t1phEquation(d, p, h);
     if (!s.refining) return {T, T, hn::FirstN(d, 0)};
     const V limit = hn::Mul(T, lanesOf(d, s.tolerance));  // fixed at the raw temperature
-    Powers<kRegion1ReachX> x;
-    x.fill(d, hn::Sub(lanesOf(d, 7.1), hn::Div(p, lanesOf(d, tvl::kRegion1Pressure))));
+    const Region1X region1(d, p);
     const M failed = temperatureSearch<false>(d, T, hn::FirstN(d, hn::Lanes(d)), limit, s.maxIterations, [&](V t) {
         const V tau = hn::Div(lanesOf(d, tvl::kRegion1Temperature), t);
-        Powers<kRegion1ReachY> y;
-        y.fill(d, hn::Sub(tau, lanesOf(d, 1.222)));
-        const Sums g =
-            residualSums<kRegion1, kTau | kTauTau, true>(d, x, y, std::make_index_sequence<kRegion1.size()>());
+        const Sums g = region1.sumsAt<kTau | kTauTau>(d, tau);
         return hn::Div(hn::Neg(hn::Sub(hn::Mul(lanesOf(d, tvl::kRegion1RT), g.gTau), h)), cpOf(d, tau, g.gTauTau));
     });
     if (s.checks) T = clampBelow(d, T, kLowestT);
@@ -246,14 +255,10 @@ HWY_INLINE Found t1ps(D d, V p, V entropy, const SearchSettings& s) {
     if (!s.refining) return {T, T, hn::FirstN(d, 0)};
     T = clampBelow(d, T, kLowestT);
     const V limit = hn::Mul(T, lanesOf(d, s.tolerance));
-    Powers<kRegion1ReachX> x;
-    x.fill(d, hn::Sub(lanesOf(d, 7.1), hn::Div(p, lanesOf(d, tvl::kRegion1Pressure))));
+    const Region1X region1(d, p);
     const M failed = temperatureSearch<true>(d, T, hn::FirstN(d, hn::Lanes(d)), limit, s.maxIterations, [&](V t) {
         const V tau = hn::Div(lanesOf(d, tvl::kRegion1Temperature), t);
-        Powers<kRegion1ReachY> y;
-        y.fill(d, hn::Sub(tau, lanesOf(d, 1.222)));
-        const Sums g =
-            residualSums<kRegion1, kG | kTau | kTauTau, true>(d, x, y, std::make_index_sequence<kRegion1.size()>());
+        const Sums g = region1.sumsAt<kG | kTau | kTauTau>(d, tau);
         const V sNow = hn::Mul(lanesOf(d, R), hn::Sub(hn::Mul(tau, g.gTau), g.g));
         return hn::Div(hn::Mul(hn::Neg(t), hn::Sub(sNow, entropy)), cpOf(d, tau, g.gTauTau));
     });
