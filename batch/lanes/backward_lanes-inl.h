@@ -79,13 +79,17 @@ HWY_INLINE V fractionalSum(D d, const V* powersOfX, const Powers<RY>& y, std::in
     return sum;
 }
 
-HWY_INLINE V t2aps(D d, V p, V s) {
+// pow is called only in the lanes of `chosen`; the others' sums are not read.
+HWY_INLINE V t2aps(D d, M chosen, V p, V s) {
     HWY_ALIGN double x[hn::MaxLanes(d)];
     HWY_ALIGN double lanes[hn::MaxLanes(d)];
+    uint8_t wanted[8] = {};
+    hn::StoreMaskBits(d, chosen, wanted);
     hn::Store(hn::Div(p, lanesOf(d, 1e6)), d, x);
     V powersOfX[kT2APSExponents.count];
     for (int j = 0; j < kT2APSExponents.count; ++j) {
-        for (std::size_t k = 0; k < hn::Lanes(d); ++k) lanes[k] = std::pow(x[k], kT2APSExponents.value[j]);
+        for (std::size_t k = 0; k < hn::Lanes(d); ++k)
+            lanes[k] = (wanted[k / 8] >> (k % 8)) & 1 ? std::pow(x[k], kT2APSExponents.value[j]) : 0.0;
         powersOfX[j] = hn::Load(d, lanes);
     }
     Powers<extent(tvl::kT2APS, termJ)> y;
@@ -141,7 +145,7 @@ HWY_INLINE V t2psEquation(D d, V p, V s) {
     const M c = hn::AndNot(hn::Or(a, b), hn::FirstN(d, hn::Lanes(d)));
     const V pi = hn::Div(p, lanesOf(d, 1e6));
     V T = hn::Zero(d);
-    T = where(d, a, T, [&] { return t2aps(d, p, s); });
+    T = where(d, a, T, [&] { return t2aps(d, a, p, s); });
     T = where(d, b, T, [&] {
         return backwardSum<tvl::kT2BPS>(d, pi, hn::Sub(lanesOf(d, 10.0), hn::Div(s, lanesOf(d, 785.3))));
     });
