@@ -119,10 +119,12 @@ std::vector<std::pair<double, double>> pointsBy(Arguments which) {
     for (double T = 273.16; T < 647.0; T += 9.7)
         for (double x : {0.0, 0.3, 1.0}) {
             const double h = tvlHSWT(T) + x * (tvlHSST(T) - tvlHSWT(T)), s = tvlSSWT(T) + x * (tvlSSST(T) - tvlSSWT(T));
-            for (double y : {down(h), h, up(h)}) points.push_back(pair(tvlPST(T), y, which == kPS ? y / 700.0 : s));
+            const double y = which == kPS ? s : h;  // the one that is varied
+            for (double v : {down(y), y, up(y)})
+                points.push_back(which == kPS ? pair(tvlPST(T), h, v) : pair(tvlPST(T), v, s));
         }
-    for (const auto& [a, b] : states)
-        if (!std::isfinite(a) || !std::isfinite(b) || a <= 0.0) points.push_back({a * 3e3, b * 7.0});
+    for (const auto& [a, b] : states)  // the hostile pairs as they stand
+        if (!std::isfinite(a) || !std::isfinite(b) || a <= 0.0 || std::fabs(b) >= 1e300) points.push_back({a, b});
     return points;
 }
 
