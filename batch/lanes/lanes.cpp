@@ -30,8 +30,8 @@ constexpr int kSearching = -2;  // and of the refined backward exports (search_b
 
 struct Export {
     const char* name;
-    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine
-    int kernel;  // the Property, or on the line the Line
+    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine, kSearching
+    int kernel;  // the Property, on the line the Line, else the Search or DispatchingSearch
     double (*plain)(double, double);
     double (tvl::PropertyFacade::*method)(double, double) noexcept;
     // The saturation line: one argument, and the range that checkRangeMode holds it to.
@@ -238,7 +238,8 @@ int64_t evaluate(const Export& e, const Slice& slice) {
     SliceRun run(e, slice);
     if (slice.last <= slice.first) return 0;
     const Settings settings = settingsOf(e, slice.facade);
-    const tvl::ModelSettings searchSettings = e.region == kSearching ? searchSettingsOf(slice.facade) : tvl::ModelSettings{};
+    const tvl::ModelSettings searchSettings =
+        e.region == kSearching ? searchSettingsOf(slice.facade) : tvl::ModelSettings{};
     double pCopy[kBlock], TCopy[kBlock], out[kBlock];
     for (int64_t start = slice.first; start < slice.last; start += kBlock) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
