@@ -75,7 +75,8 @@ constexpr FractionalExponents kT2APSExponents = [] {
 template <int RY, std::size_t... K>
 HWY_INLINE V fractionalSum(D d, const V* powersOfX, const Powers<RY>& y, std::index_sequence<K...>) {
     V sum = hn::Zero(d);
-    ((sum = plus(d, sum, tvl::kT2APS[K].n, powersOfX[kT2APSExponents.of[K]], y.template at<tvl::kT2APS[K].J>(d))), ...);
+    ((sum = plus(d, sum, tvl::kT2APS[K].n, powersOfX[kT2APSExponents.of[K]], y.template at<tvl::kT2APS[K].J>(d))),
+     ...);
     return sum;
 }
 
@@ -98,7 +99,6 @@ HWY_INLINE V t2aps(D d, M chosen, V p, V s) {
 }
 
 // ---- The starts: the backward equations, the subregion chosen per lane ----
-
 
 HWY_INLINE V t1phEquation(D d, V p, V h) {
     return backwardSum<tvl::kT1PH>(d, hn::Div(p, lanesOf(d, 1e6)), reduced(d, h, 2.5e6, 1.0));
@@ -327,8 +327,7 @@ struct StepHS {
 };
 
 HWY_INLINE StepHS stepTowards(D d, const Sums& g, V tau, V T, double pStar, double RTstar, V h, V s) {
-    constexpr double k0 = R;
-    const double k = k0 / pStar;
+    const double k = R / pStar;
     const V residualH = hn::Sub(hn::Mul(lanesOf(d, RTstar), g.gTau), h);
     const V residualS = hn::Sub(hn::Mul(lanesOf(d, R), hn::Sub(hn::Mul(tau, g.gTau), g.g)), s);
     const V dvdT = hn::Mul(lanesOf(d, k), hn::Sub(g.gPi, hn::Mul(tau, g.gPiTau)));
@@ -416,6 +415,7 @@ HWY_INLINE Sums region5SumsAt(D d, const Powers<kRegion5ReachPi>& x, V pi, V tau
     return combined<Wanted>(d, pi, ideal, residual, logPi);
 }
 
+// The start fits of region5.cpp (startTemperatureFromEnthalpy, startTemperatureFromEntropy).
 HWY_INLINE V region5StartFromEnthalpy(D d, V h) {
     return hn::Sub(hn::Mul(lanesOf(d, 0.000369365564435273), h), lanesOf(d, 433.113582272742));
 }
