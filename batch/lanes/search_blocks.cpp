@@ -2,9 +2,10 @@
 // (T1PH ...) is its search and the frame's finiteness test. A dispatching export (TPH, TPS, PHS)
 // runs, point by point, the argument test and the region selection of the plain call on a model
 // object with the same settings; the points of regions 1, 2 and 5 then go through that region's
-// search together, and the frame's test of the state found follows. Points of other areas, a
-// selection that throws, and a solved state below 273.15 K (where the melting curve decides) are
-// left to the plain call.
+// search together, and the frame's test of the state found follows; a wet (p,h) or (p,s) point
+// takes the saturation temperature the selection worked out. Points of other areas (region 3,
+// wet (h,s) points), a selection that throws, and a solved state below 273.15 K (where the
+// melting curve decides) are left to the plain call.
 #include "lanes/search_blocks.h"
 
 #include <cmath>
@@ -120,10 +121,16 @@ void dispatchingBlock(const KernelSet& set, int which, const tvl::ModelSettings&
     if (entropyTest) entropyBounds(set, a, count, lowest, highest);
     for (int k = 0; k < count; ++k) {
         const bool refused = entropyTest && entropyRefused(settings, a[k], b[k], lowest[k], highest[k]);
+        solved.clear();
         region[k] = refused ? -1 : selectPoint(which, w, settings, a[k], b[k]);
         const bool searched = region[k] == 1 || region[k] == 2 || region[k] == 5;
         code[k] = region[k] == -1 ? tvl::kOutOfRange : searched ? tvl::kNoError : kByPlainCall;
         value[k] = -1.0;
+        // A wet (p,h) or (p,s) point's temperature is the Ts that the selection published.
+        if (region[k] == 4 && which != kPHS && solved.temperatureSolved != 0) {
+            const double Ts = solved.solvedTemperature;
+            dispatchedResult(which, 4, settings, a[k], Ts, Ts, false, value[k], code[k]);
+        }
     }
     const SearchSettings searchSettings = kernelSettings(settings);
     const int base = which == kTPH ? kT1PH : which == kTPS ? kT1PS : kP1HS;  // the region 1 search
