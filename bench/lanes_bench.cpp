@@ -57,8 +57,23 @@ const std::vector<Pair>& statesOf(int region) {
     }
 }
 
-void plainLoop(benchmark::State& state, double (*f)(double, double), int region) {
-    const auto& inputs = statesOf(region);
+// The backward families' arguments of those states: (p,h), (p,s), (h,s) by the plain exports.
+enum Arguments { kPT, kPH, kPS, kHS };
+
+const std::vector<Pair>& argumentsOf(int region, int arguments) {
+    static std::vector<Pair> converted[15][4];
+    std::vector<Pair>& out = converted[region][arguments];
+    if (arguments == kPT) return statesOf(region);
+    if (out.empty())
+        for (const Pair& in : statesOf(region)) {
+            const double h = tvlHPT(in.a, in.b), s = tvlSPT(in.a, in.b);
+            out.push_back(arguments == kPH ? Pair{in.a, h} : arguments == kPS ? Pair{in.a, s} : Pair{h, s});
+        }
+    return out;
+}
+
+void plainLoop(benchmark::State& state, double (*f)(double, double), int region, int arguments) {
+    const auto& inputs = argumentsOf(region, arguments);
     std::vector<double> out(inputs.size());
     std::vector<int32_t> errors(inputs.size());
     for (auto _ : state) {
@@ -72,8 +87,8 @@ void plainLoop(benchmark::State& state, double (*f)(double, double), int region)
     state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(inputs.size()));
 }
 
-void array(benchmark::State& state, const char* name, int region) {
-    const auto& pairs = statesOf(region);
+void array(benchmark::State& state, const char* name, int region, int arguments) {
+    const auto& pairs = argumentsOf(region, arguments);
     std::vector<double> p, T, out(pairs.size());
     std::vector<int32_t> errors(pairs.size());
     for (const Pair& in : pairs) {
@@ -100,6 +115,7 @@ struct Family {
     double (*plain)(double, double);
     int region;  // 1, 2, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p; 9 to 14 above
     const char* states;
+    int arguments = kPT;
 };
 
 const Family kFamilies[] = {
@@ -115,13 +131,18 @@ const Family kFamilies[] = {
     {"HPTX", [](double p, double T) { return tvlHPTX(p, T, 0.5); }, 6, "r125"},
     {"HPTX", [](double p, double T) { return tvlHPTX(p, T, 0.5); }, 14, "line12"},
     {"DYNVISPTX", [](double p, double T) { return tvlDYNVISPTX(p, T, 0.5); }, 10, "r125"},
+    {"T1PH", tvlT1PH, 1, "r1", kPH}, {"T2PH", tvlT2PH, 2, "r2", kPH}, {"TPH", tvlTPH, 0, "all", kPH},
+    {"T1PS", tvlT1PS, 1, "r1", kPS}, {"T2PS", tvlT2PS, 2, "r2", kPS}, {"TPS", tvlTPS, 0, "all", kPS},
+    {"P1HS", tvlP1HS, 1, "r1", kHS}, {"P2HS", tvlP2HS, 2, "r2", kHS}, {"PHS", tvlPHS, 0, "all", kHS},
+    {"T5PH", tvlT5PH, 5, "r5", kPH}, {"T5PS", tvlT5PS, 5, "r5", kPS}, {"P5HS", tvlP5HS, 5, "r5", kHS},
+    {"TPH", tvlTPH, 6, "r125", kPH}, {"TPS", tvlTPS, 6, "r125", kPS}, {"PHS", tvlPHS, 6, "r125", kHS},
 };
 
 const int registered = [] {
     for (const Family& f : kFamilies) {
         const std::string suffix = std::string(f.name) + "/" + f.states;
-        benchmark::RegisterBenchmark(("Lanes/Loop/" + suffix).c_str(), plainLoop, f.plain, f.region);
-        benchmark::RegisterBenchmark(("Lanes/Array/" + suffix).c_str(), array, f.name, f.region);
+        benchmark::RegisterBenchmark(("Lanes/Loop/" + suffix).c_str(), plainLoop, f.plain, f.region, f.arguments);
+        benchmark::RegisterBenchmark(("Lanes/Array/" + suffix).c_str(), array, f.name, f.region, f.arguments);
     }
     return 0;
 }();

@@ -20,6 +20,7 @@
 #include "frame/validators.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/pressure_buckets.h"
+#include "water/formulation/region2_gibbs.h"
 #include "water/formulation/tables/region1_coefficients.h"
 #include "water/formulation/tables/region2_coefficients.h"
 #include "water/formulation/tables/region5_coefficients.h"
@@ -566,6 +567,8 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
     overArrays(T, T, out, count, [](D d, V Tv, V) { return saturationSlope(d, Tv); });
 }
 
+#include "lanes/backward_lanes-inl.h"
+
 template <std::size_t... P>
 constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
     return {path,
@@ -573,7 +576,10 @@ constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
             {&Region1Kernel<P>...},
             {&Region2Kernel<P>...},
             {&Region5Kernel<P>...},
-            {&PressureKernel, &TemperatureKernel, &SlopeKernel}};
+            {&PressureKernel, &TemperatureKernel, &SlopeKernel},
+            {&SearchKernelOf<kT1PH>, &SearchKernelOf<kT1PS>, &SearchKernelOf<kP1HS>, &SearchKernelOf<kT2PH>,
+             &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>, &SearchKernelOf<kT5PH>, &SearchKernelOf<kT5PS>,
+             &SearchKernelOf<kP5HS>}};
 }
 
 const KernelSet* Kernels() {

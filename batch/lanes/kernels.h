@@ -23,6 +23,23 @@ using PointKernel = void (*)(const double* p, const double* T, double* out, std:
 using Classifier = void (*)(const double* p, const double* T, double* region, std::size_t count, double tolerance,
                             bool checks);
 
+// The refined backward searches of regions 1, 2 and 5 (backward_lanes-inl.h), three per region,
+// and the settings they read.
+enum Search { kT1PH, kT1PS, kP1HS, kT2PH, kT2PS, kP2HS, kT5PH, kT5PS, kP5HS, kSearchCount };
+
+struct SearchSettings {
+    double tolerance;
+    int maxIterations;
+    bool refining;
+    bool checks;
+};
+
+// value[k] = the region's function at (a[k], b[k]) before the frame's tests: a temperature, or
+// for p(h,s) the pressure with the temperature its search published last in temperature[k]
+// (HUGE_VAL where regions 1 and 2 publish none); failed[k] = 1 where the search gave up at the cap.
+using SearchKernel = void (*)(const double* a, const double* b, double* value, double* temperature, int* failed,
+                              std::size_t count, const SearchSettings& settings);
+
 struct KernelSet {
     const char* path;
     Classifier classify;
@@ -30,6 +47,7 @@ struct KernelSet {
     PointKernel region2[kPropertyCount];
     PointKernel region5[kPropertyCount];
     PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
+    SearchKernel search[kSearchCount];
 };
 
 // The kernels of one instruction set, or null where it was not compiled.

@@ -14,6 +14,7 @@
 #include "frame/property_facade.h"
 #include "frame/validators.h"
 #include "lanes/kernels.h"
+#include "lanes/search_blocks.h"
 #include "lanes/transport_kernels.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
@@ -29,11 +30,13 @@ constexpr int kLine = -1;   // and of the saturation line
 constexpr int kTransport = -2;  // the transport exports by (p,T)
 constexpr int kWet = -3;        // the wet states by (T,x)
 constexpr int kWetByPT = -4;    // and by (p,T,x)
+constexpr int kSearching = -5;  // the refined backward exports (search_blocks.h)
 
 struct Export {
     const char* name;
-    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine, kTransport, kWet
-    int kernel;  // the Property, or on the line the Line; for kTransport and kWet a quantity of a phase
+    int region;  // 1, 2 or 5 for a region's own export, kFamily, kLine, kTransport, kWet, kWetByPT, kSearching
+    int kernel;  // the Property, on the line the Line, for kTransport and kWet a quantity of a phase, else the
+                 // Search or DispatchingSearch
     double (*plain)(double, double);
     double (tvl::PropertyFacade::*method)(double, double) noexcept;
     // The saturation line: one argument, and the range that checkRangeMode holds it to.
@@ -108,6 +111,10 @@ const Export kExports[] = {
     TVLX_WET_PT_EXPORT(DYNVISPTX, kTransportQuantity + kViscosity),
     TVLX_WET_PT_EXPORT(KINVISPTX, kTransportQuantity + kKinematicViscosity),
     TVLX_WET_PT_EXPORT(PRANDTLEPTX, kPrandtlQuantity),
+    TVLX_EXPORT(T1PH, kSearching, kT1PH), TVLX_EXPORT(T1PS, kSearching, kT1PS), TVLX_EXPORT(P1HS, kSearching, kP1HS),
+    TVLX_EXPORT(T2PH, kSearching, kT2PH), TVLX_EXPORT(T2PS, kSearching, kT2PS), TVLX_EXPORT(P2HS, kSearching, kP2HS),
+    TVLX_EXPORT(T5PH, kSearching, kT5PH), TVLX_EXPORT(T5PS, kSearching, kT5PS), TVLX_EXPORT(P5HS, kSearching, kP5HS),
+    TVLX_EXPORT(TPH, kSearching, kTPH), TVLX_EXPORT(TPS, kSearching, kTPS), TVLX_EXPORT(PHS, kSearching, kPHS),
 };
 
 #undef TVLX_WET_PT_EXPORT
@@ -273,6 +280,8 @@ int64_t evaluate(const Export& e, const Slice& slice) {
     SliceRun run(e, slice);
     if (slice.last <= slice.first) return 0;
     const Settings settings = settingsOf(e, slice.facade);
+    const tvl::ModelSettings searchSettings =
+        e.region == kSearching ? searchSettingsOf(slice.facade) : tvl::ModelSettings{};
     double pCopy[kBlock], TCopy[kBlock], out[kBlock];
     for (int64_t start = slice.first; start < slice.last; start += kBlock) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
@@ -301,6 +310,14 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         }
         if (e.region == kWet) {
             wetBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kSearching) {
+            int32_t code[kBlock];
+            searchBlock(set, e.kernel, searchSettings, p, T, out, code, count);
+            for (int k = 0; k < count; ++k)
+                if (code[k] == kByPlainCall) run.byPlainCall(start + k, p[k], T[k]);
+                else run.point(start + k, out[k], code[k]);
             continue;
         }
         kernelOf(set, e.region, e.kernel)(p, T, out, static_cast<std::size_t>(count));

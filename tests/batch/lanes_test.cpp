@@ -1,8 +1,9 @@
 // The vector kernels of libtavlib6x against the plain exports, on the path that TAVLIB6X_SIMD
 // asks for (ctest runs this program once per path): every covered export ((p,T) of regions 1, 2,
-// 5, the (p,T) family, the saturation line) over random states of every region, the region and
-// range edges one rounding unit either side, non-finite and out-of-range arguments mixed in,
-// under hostile settings; values, codes and the last error equal bit for bit.
+// 5, the (p,T) family, the saturation line, the refined T(p,h), T(p,s), p(h,s) of regions 1, 2, 5
+// and their families, transport by (p,T), the wet states by (T,x) and (p,T,x)) over random states of every region, the region and range edges one
+// rounding unit either side, wet states, non-finite and out-of-range arguments mixed in, under
+// hostile settings; values, codes and the last error equal bit for bit.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -23,11 +24,14 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
+// The arguments of an export: (p,T), the backward families' (p,h), (p,s), (h,s), or wet (T,x).
+enum Arguments { kPT, kPH, kPS, kHS, kTX };
+
 struct Covered {
     const char* name;
     double (*plain)(double, double);
     bool byTemperature = false;  // the saturation line by T takes the T column
-    bool wet = false;            // by (T,x): over the wet points
+    Arguments arguments = kPT;
     double (*plainByPTX)(double, double, double) = nullptr;  // by (p,T,x): x from kDryness
 };
 
@@ -39,13 +43,18 @@ double DPDTST(double T, double) { return tvlDPDTST(T); }
     {"V" #r "PT", tvlV##r##PT}, {"D" #r "PT", tvlD##r##PT}, {"U" #r "PT", tvlU##r##PT},                     \
         {"S" #r "PT", tvlS##r##PT}, {"H" #r "PT", tvlH##r##PT}, {"CP" #r "PT", tvlCP##r##PT},               \
         {"CV" #r "PT", tvlCV##r##PT}, {"W" #r "PT", tvlW##r##PT}, {"JOULETHOMPSON" #r "PT", tvlJOULETHOMPSON##r##PT}
-#define WET(name) {#name, tvl##name, false, true}
-#define WET_PT(name) {#name, nullptr, false, false, tvl##name}
+#define WET(name) {#name, tvl##name, false, kTX}
+#define WET_PT(name) {#name, nullptr, false, kPT, tvl##name}
 const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(5),
                             {"VPT", tvlVPT}, {"DPT", tvlDPT}, {"UPT", tvlUPT}, {"SPT", tvlSPT}, {"HPT", tvlHPT},
                             {"CPPT", tvlCPPT}, {"CVPT", tvlCVPT}, {"WPT", tvlWPT},
                             {"JOULETHOMPSONPT", tvlJOULETHOMPSONPT}, {"PST", PST, true}, {"TSP", TSP},
-                            {"DPDTST", DPDTST, true}, {"DYNVISPT", tvlDYNVISPT}, {"KINVISPT", tvlKINVISPT},
+                            {"DPDTST", DPDTST, true},
+                            {"T1PH", tvlT1PH, false, kPH}, {"T2PH", tvlT2PH, false, kPH}, {"T5PH", tvlT5PH, false, kPH},
+                            {"TPH", tvlTPH, false, kPH}, {"T1PS", tvlT1PS, false, kPS}, {"T2PS", tvlT2PS, false, kPS},
+                            {"T5PS", tvlT5PS, false, kPS}, {"TPS", tvlTPS, false, kPS}, {"P1HS", tvlP1HS, false, kHS},
+                            {"P2HS", tvlP2HS, false, kHS}, {"P5HS", tvlP5HS, false, kHS}, {"PHS", tvlPHS, false, kHS},
+                            {"DYNVISPT", tvlDYNVISPT}, {"KINVISPT", tvlKINVISPT},
                             {"THERMCONDPT", tvlTHERMCONDPT}, {"PRANDTLEPT", tvlPRANDTLEPT}, WET(VSTX), WET(DSTX),
                             WET(USTX), WET(SSTX), WET(HSTX), WET(CPSTX), WET(JOULETHOMPSONSTX), WET(THERMCONDSTX),
                             WET(DYNVISSTX), WET(KINVISSTX), WET(PRANDTLESTX), WET_PT(VPTX), WET_PT(DPTX),
@@ -129,6 +138,29 @@ std::vector<std::pair<double, double>> wetPoints() {
     return points;
 }
 
+// The states above as (p,h), (p,s) or (h,s) by the plain forward exports (under the default
+// settings), wet states at x = 0, 0.3, 1 one rounding unit either side, and hostile values.
+std::vector<std::pair<double, double>> pointsBy(Arguments which) {
+    const auto states = statePoints();
+    if (which == kPT) return states;
+    if (which == kTX) return wetPoints();
+    const auto pair = [which](double p, double h, double s) {
+        return which == kPH ? std::make_pair(p, h) : which == kPS ? std::make_pair(p, s) : std::make_pair(h, s);
+    };
+    std::vector<std::pair<double, double>> points;
+    for (const auto& [p, T] : states) points.push_back(pair(p, tvlHPT(p, T), tvlSPT(p, T)));
+    for (double T = 273.16; T < 647.0; T += 9.7)
+        for (double x : {0.0, 0.3, 1.0}) {
+            const double h = tvlHSWT(T) + x * (tvlHSST(T) - tvlHSWT(T)), s = tvlSSWT(T) + x * (tvlSSST(T) - tvlSSWT(T));
+            const double y = which == kPS ? s : h;  // the one that is varied
+            for (double v : {down(y), y, up(y)})
+                points.push_back(which == kPS ? pair(tvlPST(T), h, v) : pair(tvlPST(T), v, s));
+        }
+    for (const auto& [a, b] : states)  // the hostile pairs as they stand
+        if (!std::isfinite(a) || !std::isfinite(b) || a <= 0.0 || std::fabs(b) >= 1e300) points.push_back({a, b});
+    return points;
+}
+
 class LanesTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -143,13 +175,13 @@ protected:
 
     // Every covered export over the points, as one batch, against its plain calls.
     static void expectPlainBits(const std::vector<std::pair<double, double>>& points, bool broadcastT,
-                                const std::string& where, bool wet = false) {
+                                const std::string& where, Arguments arguments = kPT) {
         std::vector<double> p, T, x;
         for (const auto& point : points) p.push_back(point.first), T.push_back(point.second);
         const size_t count = points.size();
         for (size_t k = 0; k < count; ++k) x.push_back(kDryness[k % std::size(kDryness)]);
         for (const Covered& e : kCovered) {
-            if (e.wet != wet) continue;
+            if (e.arguments != arguments) continue;
             if (e.byTemperature) std::swap(p, T);
             const double* inputs[3] = {p.data(), T.data(), x.data()};
             const int64_t strides[3] = {e.byTemperature && broadcastT ? 0 : 1, broadcastT && !e.byTemperature ? 0 : 1, 1};
@@ -182,30 +214,32 @@ protected:
 };
 
 TEST_F(LanesTest, EveryCoveredExportHasThePlainBitsUnderEverySetting) {
-    const auto points = statePoints(), wet = wetPoints();
-    tvlxSETTHREADS(1);
-    for (const Settings& s : kSettings) {
-        apply(s);
-        const std::string where = "checks " + std::to_string(s.checkRangeMode) + " mode " +
-                                  std::to_string(s.toleranceMode) + " iterations " + std::to_string(s.maxIterations) +
-                                  " tolerance " + std::to_string(s.tolerance);
-        expectPlainBits(points, false, where);
-        expectPlainBits(wet, false, where + ", wet", true);
+    for (Arguments arguments : {kPT, kPH, kPS, kHS, kTX}) {
+        const auto points = pointsBy(arguments);
+        tvlxSETTHREADS(1);
+        for (const Settings& s : kSettings) {
+            apply(s);
+            expectPlainBits(points, false,
+                            "checks " + std::to_string(s.checkRangeMode) + " mode " + std::to_string(s.toleranceMode) +
+                                " iterations " + std::to_string(s.maxIterations) + " tolerance " +
+                                std::to_string(s.tolerance),
+                            arguments);
+        }
+        apply(kSettings[0]);
     }
 }
 
 TEST_F(LanesTest, ThreadedSlicesAndRepeatedArgumentsHaveThePlainBits) {
-    const auto repeated = [](std::vector<std::pair<double, double>> points) {
+    for (Arguments arguments : {kPT, kPH, kPS, kHS, kTX}) {
+        auto points = pointsBy(arguments);
         const auto once = points;
         while (points.size() < 9000) points.insert(points.end(), once.begin(), once.end());
-        return points;
-    };
-    const auto points = repeated(statePoints()), wet = repeated(wetPoints());
-    tvlxSETTHREADS(2);
-    for (const Settings& s : {kSettings[0], kSettings[6], kSettings[1]}) {  // a tolerance of NaN, checks off
-        apply(s);
-        expectPlainBits(points, false, "two threads, tolerance " + std::to_string(s.tolerance));
-        expectPlainBits(wet, false, "two threads, wet, checks " + std::to_string(s.checkRangeMode), true);
+        tvlxSETTHREADS(2);
+        for (const Settings& s : {kSettings[0], kSettings[6], kSettings[1]}) {  // a tolerance of NaN, checks off
+            apply(s);
+            expectPlainBits(points, false, "two threads, tolerance " + std::to_string(s.tolerance), arguments);
+        }
+        apply(kSettings[0]);
     }
     expectPlainBits({{1e3, 600.0}, {2e7, 600.0}, {4e7, 600.0}, {kNaN, 600.0}}, true, "T repeated");
 }
