@@ -28,7 +28,26 @@ const std::vector<Pair>& statesOf(int region) {
     // The saturation line: the argument in a, T for PST, p for TSP.
     static const auto lineT = tvlbench::states(273.15, 647.096, 0.0, 1.0, [](double, double) { return true; }, kStates);
     static const auto lineP = tvlbench::states(611.3, 2.2e7, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    // Transport by (p,T) over the viscosity range (with region 3 and without), and without region 3
+    // over the conductivity range; wet states (T, x) up to 623.15 K and up to the critical point.
+    static const auto viscosity = tvlbench::states(1e3, 1e8, 273.15, 1173.15, [](double, double) { return true; }, kStates);
+    static const auto viscosity125 = tvlbench::states(1e3, 1e8, 273.15, 1173.15, [](double p, double T) { return tvlWATERSTATEAREA2(p, T) != 3; }, kStates);
+    static const auto conductivity125 = tvlbench::states(1e3, 1e8, 273.15, 1073.15, [](double p, double T) {
+        return tvlWATERSTATEAREA2(p, T) != 3 && !(p > 7e7 && T > 773.15) && !(p > 4e7 && T > 923.15); }, kStates);
+    static const auto wet12 = tvlbench::states(273.15, 623.15, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    static const auto wet = tvlbench::states(273.15, 647.096, 0.0, 1.0, [](double, double) { return true; }, kStates);
+    static const auto onTheLine = [] {  // (p, TSP(p)) up to 623.15 K: the wet area of the (p,T,x) family
+        auto states = tvlbench::states(611.3, 1.65e7, 0.0, 1.0, [](double, double) { return true; }, kStates);
+        for (Pair& state : states) state.b = tvlTSP(state.a);
+        return states;
+    }();
     switch (region) {
+    case 9: return viscosity;
+    case 10: return viscosity125;
+    case 11: return conductivity125;
+    case 12: return wet12;
+    case 13: return wet;
+    case 14: return onTheLine;
     case 7: return lineT;
     case 8: return lineP;
     case 1: return r1;
@@ -40,8 +59,23 @@ const std::vector<Pair>& statesOf(int region) {
     }
 }
 
-void plainLoop(benchmark::State& state, double (*f)(double, double), int region) {
-    const auto& inputs = statesOf(region);
+// The backward families' arguments of those states: (p,h), (p,s), (h,s) by the plain exports.
+enum Arguments { kPT, kPH, kPS, kHS };
+
+const std::vector<Pair>& argumentsOf(int region, int arguments) {
+    static std::vector<Pair> converted[15][4];
+    std::vector<Pair>& out = converted[region][arguments];
+    if (arguments == kPT) return statesOf(region);
+    if (out.empty())
+        for (const Pair& in : statesOf(region)) {
+            const double h = tvlHPT(in.a, in.b), s = tvlSPT(in.a, in.b);
+            out.push_back(arguments == kPH ? Pair{in.a, h} : arguments == kPS ? Pair{in.a, s} : Pair{h, s});
+        }
+    return out;
+}
+
+void plainLoop(benchmark::State& state, double (*f)(double, double), int region, int arguments) {
+    const auto& inputs = argumentsOf(region, arguments);
     std::vector<double> out(inputs.size());
     std::vector<int32_t> errors(inputs.size());
     for (auto _ : state) {
@@ -55,16 +89,17 @@ void plainLoop(benchmark::State& state, double (*f)(double, double), int region)
     state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(inputs.size()));
 }
 
-void array(benchmark::State& state, const char* name, int region) {
-    const auto& pairs = statesOf(region);
+void array(benchmark::State& state, const char* name, int region, int arguments) {
+    const auto& pairs = argumentsOf(region, arguments);
     std::vector<double> p, T, out(pairs.size());
     std::vector<int32_t> errors(pairs.size());
     for (const Pair& in : pairs) {
         p.push_back(in.a);
         T.push_back(in.b);
     }
-    const double* inputs[2] = {p.data(), T.data()};  // the line reads the first only
-    const int64_t strides[2] = {1, 1};
+    const std::vector<double> x(p.size(), 0.5);
+    const double* inputs[3] = {p.data(), T.data(), x.data()};  // the line reads the first only, (p,T,x) all
+    const int64_t strides[3] = {1, 1, 1};
     tvlxSETTHREADS(1);
     for (auto _ : state)
         benchmark::DoNotOptimize(tvlxEVALUATE(name, static_cast<int64_t>(p.size()), inputs, strides, nullptr,
@@ -80,8 +115,9 @@ double tsp(double p, double) { return tvlTSP(p); }
 struct Family {
     const char* name;
     double (*plain)(double, double);
-    int region;  // 1, 2, 3, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p
+    int region;  // 1, 2, 3, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p; 9 to 14 above
     const char* states;
+    int arguments = kPT;
 };
 
 const Family kFamilies[] = {
@@ -91,13 +127,25 @@ const Family kFamilies[] = {
     {"H5PT", tvlH5PT, 5, "r5"},  {"V5PT", tvlV5PT, 5, "r5"},  {"S5PT", tvlS5PT, 5, "r5"},  {"W5PT", tvlW5PT, 5, "r5"},
     {"HPT", tvlHPT, 6, "r125"},  {"VPT", tvlVPT, 6, "r125"},  {"SPT", tvlSPT, 6, "r125"},  {"CPPT", tvlCPPT, 6, "r125"},
     {"HPT", tvlHPT, 0, "all"},   {"VPT", tvlVPT, 0, "all"},   {"PST", pst, 7, "line"},      {"TSP", tsp, 8, "line"},
+    {"DYNVISPT", tvlDYNVISPT, 10, "r125"}, {"DYNVISPT", tvlDYNVISPT, 9, "all"}, {"KINVISPT", tvlKINVISPT, 10, "r125"},
+    {"THERMCONDPT", tvlTHERMCONDPT, 11, "r125"}, {"PRANDTLEPT", tvlPRANDTLEPT, 11, "r125"},
+    {"HSTX", tvlHSTX, 12, "wet12"}, {"VSTX", tvlVSTX, 12, "wet12"}, {"DSTX", tvlDSTX, 12, "wet12"},
+    {"HSTX", tvlHSTX, 13, "wet"},   {"JOULETHOMPSONSTX", tvlJOULETHOMPSONSTX, 13, "wet"},
+    {"HPTX", [](double p, double T) { return tvlHPTX(p, T, 0.5); }, 6, "r125"},
+    {"HPTX", [](double p, double T) { return tvlHPTX(p, T, 0.5); }, 14, "line12"},
+    {"DYNVISPTX", [](double p, double T) { return tvlDYNVISPTX(p, T, 0.5); }, 10, "r125"},
+    {"T1PH", tvlT1PH, 1, "r1", kPH}, {"T2PH", tvlT2PH, 2, "r2", kPH}, {"TPH", tvlTPH, 0, "all", kPH},
+    {"T1PS", tvlT1PS, 1, "r1", kPS}, {"T2PS", tvlT2PS, 2, "r2", kPS}, {"TPS", tvlTPS, 0, "all", kPS},
+    {"P1HS", tvlP1HS, 1, "r1", kHS}, {"P2HS", tvlP2HS, 2, "r2", kHS}, {"PHS", tvlPHS, 0, "all", kHS},
+    {"T5PH", tvlT5PH, 5, "r5", kPH}, {"T5PS", tvlT5PS, 5, "r5", kPS}, {"P5HS", tvlP5HS, 5, "r5", kHS},
+    {"TPH", tvlTPH, 6, "r125", kPH}, {"TPS", tvlTPS, 6, "r125", kPS}, {"PHS", tvlPHS, 6, "r125", kHS},
 };
 
 const int registered = [] {
     for (const Family& f : kFamilies) {
         const std::string suffix = std::string(f.name) + "/" + f.states;
-        benchmark::RegisterBenchmark(("Lanes/Loop/" + suffix).c_str(), plainLoop, f.plain, f.region);
-        benchmark::RegisterBenchmark(("Lanes/Array/" + suffix).c_str(), array, f.name, f.region);
+        benchmark::RegisterBenchmark(("Lanes/Loop/" + suffix).c_str(), plainLoop, f.plain, f.region, f.arguments);
+        benchmark::RegisterBenchmark(("Lanes/Array/" + suffix).c_str(), array, f.name, f.region, f.arguments);
     }
     return 0;
 }();

@@ -21,6 +21,7 @@
 #include "frame/validators.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/pressure_buckets.h"
+#include "water/formulation/region2_gibbs.h"
 #include "water/formulation/tables/region1_coefficients.h"
 #include "water/formulation/tables/region2_coefficients.h"
 #include "water/formulation/tables/region5_coefficients.h"
@@ -521,7 +522,9 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
     overArrays(T, T, out, count, [](D d, V Tv, V) { return saturationSlope(d, Tv); });
 }
 
-extern const SearchKernel kRegion3Kernels[kPropertyCount];  // region3_lanes.cpp
+#include "lanes/backward_lanes-inl.h"
+
+extern const DensityKernel kRegion3Kernels[kPropertyCount];  // region3_lanes.cpp
 
 template <std::size_t... P>
 constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
@@ -532,6 +535,9 @@ constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
             {&Region2Kernel<P>...},
             {&Region5Kernel<P>...},
             {&PressureKernel, &TemperatureKernel, &SlopeKernel},
+            {&SearchKernelOf<kT1PH>, &SearchKernelOf<kT1PS>, &SearchKernelOf<kP1HS>, &SearchKernelOf<kT2PH>,
+             &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>, &SearchKernelOf<kT5PH>, &SearchKernelOf<kT5PS>,
+             &SearchKernelOf<kP5HS>},
             kRegion3Kernels};
 }
 

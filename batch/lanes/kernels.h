@@ -23,17 +23,28 @@ using PointKernel = void (*)(const double* p, const double* T, double* out, std:
 using Classifier = void (*)(const double* p, const double* T, double* region, std::size_t count, double tolerance,
                             bool checks);
 
-// The settings that the density search of region 3 reads.
-struct Search {
+// The refined backward searches of regions 1, 2 and 5 (backward_lanes-inl.h), three per region,
+// and the settings they read.
+enum Search { kT1PH, kT1PS, kP1HS, kT2PH, kT2PS, kP2HS, kT5PH, kT5PS, kP5HS, kSearchCount };
+
+struct SearchSettings {
     double tolerance;
     int maxIterations;
-    bool refining;  // toleranceMode on: Newton steps from the fitted start
+    bool refining;
+    bool checks;
 };
 
+// value[k] = the region's function at (a[k], b[k]) before the frame's tests: a temperature, or
+// for p(h,s) the pressure with the temperature its search published last in temperature[k]
+// (HUGE_VAL where regions 1 and 2 publish none); failed[k] = 1 where the search gave up at the cap.
+using SearchKernel = void (*)(const double* a, const double* b, double* value, double* temperature, int* failed,
+                              std::size_t count, const SearchSettings& settings);
+
 // Region 3 by (p,T): out[k] = the property at the density that the plain call's search finds at
-// (p[k], T[k]), and failed[k] = 1.0 where that search runs out of iterations (else 0.0).
-using SearchKernel = void (*)(const double* p, const double* T, double* out, double* failed, std::size_t count,
-                              const Search& search);
+// (p[k], T[k]), and failed[k] = 1.0 where that search runs out of iterations (else 0.0). The
+// search reads tolerance, maxIterations and refining of the settings.
+using DensityKernel = void (*)(const double* p, const double* T, double* out, double* failed, std::size_t count,
+                               const SearchSettings& settings);
 
 struct KernelSet {
     const char* path;
@@ -43,7 +54,8 @@ struct KernelSet {
     PointKernel region2[kPropertyCount];
     PointKernel region5[kPropertyCount];
     PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
-    const SearchKernel* region3;  // one per Property
+    SearchKernel search[kSearchCount];
+    const DensityKernel* region3;  // one per Property
 };
 
 // The kernels of one instruction set, or null where it was not compiled.

@@ -15,6 +15,8 @@
 #include "frame/property_facade.h"
 #include "frame/validators.h"
 #include "lanes/kernels.h"
+#include "lanes/search_blocks.h"
+#include "lanes/transport_kernels.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
 
@@ -26,11 +28,16 @@ namespace tvlx::lanes {
 
 constexpr int kFamily = 0;  // Export::region of the (p,T) family
 constexpr int kLine = -1;   // and of the saturation line
+constexpr int kTransport = -2;  // the transport exports by (p,T)
+constexpr int kWet = -3;        // the wet states by (T,x)
+constexpr int kWetByPT = -4;    // and by (p,T,x)
+constexpr int kSearching = -5;  // the refined backward exports (search_blocks.h)
 
 struct Export {
     const char* name;
-    int region;  // 1, 2, 3 or 5 for a region's own export, kFamily, kLine
-    int kernel;  // the Property, or on the line the Line
+    int region;  // 1, 2, 3 or 5 for a region's own export, kFamily, kLine, kTransport, kWet, kWetByPT, kSearching
+    int kernel;  // the Property, on the line the Line, for kTransport and kWet a quantity of a phase, else the
+                 // Search or DispatchingSearch
     double (*plain)(double, double);
     double (tvl::PropertyFacade::*method)(double, double) noexcept;
     // The saturation line: one argument, and the range that checkRangeMode holds it to.
@@ -38,6 +45,9 @@ struct Export {
     double (tvl::PropertyFacade::*methodLine)(double) noexcept;
     double lowest;
     double highest;
+    // The (p,T,x) family: three arguments.
+    double (*plainWet)(double, double, double) = nullptr;
+    double (tvl::PropertyFacade::*methodWet)(double, double, double) noexcept = nullptr;
 };
 
 namespace {
@@ -53,6 +63,9 @@ namespace {
         TVLX_EXPORT(JOULETHOMPSON##r##PT, r, kJouleThomson)
 #define TVLX_LINE_EXPORT(name, line, lowest, highest) \
     {#name, kLine, line, nullptr, nullptr, [](double x) { return tvl##name(x); }, &tvl::PropertyFacade::name, lowest, highest}
+#define TVLX_WET_PT_EXPORT(name, quantity)                                                         \
+    {#name, kWetByPT, quantity, nullptr, nullptr, nullptr, nullptr, 0.0, 0.0,                      \
+     [](double p, double T, double x) { return tvl##name(p, T, x); }, &tvl::PropertyFacade::name}
 
 const Export kExports[] = {
     TVLX_REGION_EXPORTS(1),
@@ -72,8 +85,41 @@ const Export kExports[] = {
     TVLX_LINE_EXPORT(TSP, kSaturationTemperature, tvl::kSaturationLowestPressure,
                      tvl::kCriticalPressure * tvl::kOnePlusEps),
     TVLX_LINE_EXPORT(DPDTST, kSaturationSlope, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature),
+    TVLX_EXPORT(DYNVISPT, kTransport, kTransportQuantity + kViscosity),
+    TVLX_EXPORT(KINVISPT, kTransport, kTransportQuantity + kKinematicViscosity),
+    TVLX_EXPORT(THERMCONDPT, kTransport, kTransportQuantity + kConductivity),
+    TVLX_EXPORT(PRANDTLEPT, kTransport, kPrandtlQuantity),
+    TVLX_EXPORT(VSTX, kWet, kVolume),
+    TVLX_EXPORT(DSTX, kWet, kDensity),
+    TVLX_EXPORT(USTX, kWet, kInternalEnergy),
+    TVLX_EXPORT(SSTX, kWet, kEntropy),
+    TVLX_EXPORT(HSTX, kWet, kEnthalpy),
+    TVLX_EXPORT(CPSTX, kWet, kIsobaricHeat),
+    TVLX_EXPORT(JOULETHOMPSONSTX, kWet, kJouleThomson),
+    TVLX_EXPORT(THERMCONDSTX, kWet, kTransportQuantity + kConductivity),
+    TVLX_EXPORT(DYNVISSTX, kWet, kTransportQuantity + kViscosity),
+    TVLX_EXPORT(KINVISSTX, kWet, kTransportQuantity + kKinematicViscosity),
+    TVLX_EXPORT(PRANDTLESTX, kWet, kPrandtlQuantity),
+    TVLX_WET_PT_EXPORT(VPTX, kVolume),
+    TVLX_WET_PT_EXPORT(DPTX, kDensity),
+    TVLX_WET_PT_EXPORT(UPTX, kInternalEnergy),
+    TVLX_WET_PT_EXPORT(SPTX, kEntropy),
+    TVLX_WET_PT_EXPORT(HPTX, kEnthalpy),
+    TVLX_WET_PT_EXPORT(CPPTX, kIsobaricHeat),
+    TVLX_WET_PT_EXPORT(CVPTX, kIsochoricHeat),
+    TVLX_WET_PT_EXPORT(WPTX, kSpeedOfSound),
+    TVLX_WET_PT_EXPORT(JOULETHOMPSONPTX, kJouleThomson),
+    TVLX_WET_PT_EXPORT(THERMCONDPTX, kTransportQuantity + kConductivity),
+    TVLX_WET_PT_EXPORT(DYNVISPTX, kTransportQuantity + kViscosity),
+    TVLX_WET_PT_EXPORT(KINVISPTX, kTransportQuantity + kKinematicViscosity),
+    TVLX_WET_PT_EXPORT(PRANDTLEPTX, kPrandtlQuantity),
+    TVLX_EXPORT(T1PH, kSearching, kT1PH), TVLX_EXPORT(T1PS, kSearching, kT1PS), TVLX_EXPORT(P1HS, kSearching, kP1HS),
+    TVLX_EXPORT(T2PH, kSearching, kT2PH), TVLX_EXPORT(T2PS, kSearching, kT2PS), TVLX_EXPORT(P2HS, kSearching, kP2HS),
+    TVLX_EXPORT(T5PH, kSearching, kT5PH), TVLX_EXPORT(T5PS, kSearching, kT5PS), TVLX_EXPORT(P5HS, kSearching, kP5HS),
+    TVLX_EXPORT(TPH, kSearching, kTPH), TVLX_EXPORT(TPS, kSearching, kTPS), TVLX_EXPORT(PHS, kSearching, kPHS),
 };
 
+#undef TVLX_WET_PT_EXPORT
 #undef TVLX_LINE_EXPORT
 #undef TVLX_REGION_EXPORTS
 #undef TVLX_EXPORT
@@ -103,22 +149,23 @@ struct Settings {
     double tolerance;
     bool checks;
     bool known;  // false: the library object's tolerance is not finite, which its export cannot tell
-    Search search;  // region 3
+    SearchSettings search;  // region 3
 };
 
-// What the export reads: the own exports of regions 1, 2, 5 nothing, the saturation line the
-// range test, region 3 the density search's settings, the (p,T) family all of these.
+// What the export reads: the own exports of regions 1, 2, 5 nothing, the saturation line and the
+// wet states the range test, region 3 the density search's settings, the (p,T) and transport
+// families the tolerance as well (the (p,T) family all of these).
 Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
     if (e.region > 0 && e.region != 3) return {0.0, false, true, {}};
     if (facade != nullptr) {
         const tvl::ModelSettings& s = facade->settings;
-        return {s.tolerance, s.checksOn(), true, {s.tolerance, s.maxIterations, s.refining()}};
+        return {s.tolerance, s.checksOn(), true, {s.tolerance, s.maxIterations, s.refining(), s.checksOn()}};
     }
     const bool checks = tvlGETCHECKRANGEMODE() != 0;
-    if (e.region == kLine) return {0.0, checks, true, {}};
-    const Search search{0.0, tvlGETMAXITERATION(), tvlGETTOLERANCEMODE() != 0};
+    if (e.region == kLine || e.region == kWet) return {0.0, checks, true, {}};
+    const SearchSettings search{0.0, tvlGETMAXITERATION(), tvlGETTOLERANCEMODE() != 0, checks};
     const double tolerance = tvlGETTOLERANCE();
-    return {tolerance, checks, tvlGETLASTERROR() == 0, {tolerance, search.maxIterations, search.refining}};
+    return {tolerance, checks, tvlGETLASTERROR() == 0, {tolerance, search.maxIterations, search.refining, checks}};
 }
 
 // ---- A slice in blocks ----
@@ -243,6 +290,8 @@ void lineBlock(SliceRun& run, const KernelSet& set, const Settings& settings, in
     run.computed(start, accepted, index, n);
 }
 
+#include "lanes/transport_wet_blocks.inc"
+
 // The block's values of input j: in place where they are contiguous, else copied.
 const double* column(const Slice& slice, int j, int64_t start, int count, double* copy) {
     if (slice.strides[j] == 1) return slice.inputs[j] + start;
@@ -264,11 +313,18 @@ int64_t evaluate(const Export& e, const Slice& slice) {
     SliceRun run(e, slice);
     if (slice.last <= slice.first) return 0;
     const Settings settings = settingsOf(e, slice.facade);
+    const tvl::ModelSettings searchSettings =
+        e.region == kSearching ? searchSettingsOf(slice.facade) : tvl::ModelSettings{};
     double pCopy[kBlock], TCopy[kBlock], out[kBlock];
     for (int64_t start = slice.first; start < slice.last; start += kBlock) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
         const double* p = column(slice, 0, start, count, pCopy);
         const double* T = e.region == kLine ? p : column(slice, 1, start, count, TCopy);
+        if (e.region == kWetByPT) {
+            double xCopy[kBlock];
+            wetPTBlock(run, set, settings, start, p, T, column(slice, 2, start, count, xCopy), count);
+            continue;
+        }
         if (!settings.known) {
             for (int k = 0; k < count; ++k) run.byPlainCall(start + k, p[k], T[k]);
             continue;
@@ -279,6 +335,22 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         }
         if (e.region == kLine) {
             lineBlock(run, set, settings, start, p, count);
+            continue;
+        }
+        if (e.region == kTransport) {
+            transportBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kWet) {
+            wetBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kSearching) {
+            int32_t code[kBlock];
+            searchBlock(set, e.kernel, searchSettings, p, T, out, code, count);
+            for (int k = 0; k < count; ++k)
+                if (code[k] == kByPlainCall) run.byPlainCall(start + k, p[k], T[k]);
+                else run.point(start + k, out[k], code[k]);
             continue;
         }
         if (e.region == 3) {

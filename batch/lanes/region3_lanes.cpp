@@ -307,7 +307,7 @@ HWY_NOINLINE void fittedVolumes(const double* p, const double* T, double* v, std
 // convergence test, the residual tested the one before the step, the step always taken. On
 // return failed[m] holds the lanes that ran out of iterations.
 template <int M>
-HWY_NOINLINE void densitySearch(D d, const V* p, const V* T, V* rho, hn::Mask<D>* failed, const Search& search) {
+HWY_NOINLINE void densitySearch(D d, const V* p, const V* T, V* rho, hn::Mask<D>* failed, const SearchSettings& search) {
     HelmholtzGroup<M> g;
     V limit[M];
     hn::Mask<D> running[M];
@@ -402,7 +402,7 @@ HWY_INLINE void propertiesAt(D d, const V* rho, const V* T, V* out) {
 
 template <int Property>
 void Region3Kernel(const double* p, const double* T, double* out, double* failed, std::size_t count,
-                   const Search& search) {
+                   const SearchSettings& search) {
     if (count > kChunk) {
         for (std::size_t k = 0; k < count; k += kChunk)
             Region3Kernel<Property>(p + k, T + k, out + k, failed + k, count - k < kChunk ? count - k : kChunk, search);
@@ -427,8 +427,8 @@ void Region3Kernel(const double* p, const double* T, double* out, double* failed
     });
 }
 
-extern const SearchKernel kRegion3Kernels[kPropertyCount];
-const SearchKernel kRegion3Kernels[kPropertyCount] = {
+extern const DensityKernel kRegion3Kernels[kPropertyCount];
+const DensityKernel kRegion3Kernels[kPropertyCount] = {
     &Region3Kernel<kVolume>,        &Region3Kernel<kDensity>,      &Region3Kernel<kInternalEnergy>,
     &Region3Kernel<kEntropy>,       &Region3Kernel<kEnthalpy>,     &Region3Kernel<kIsobaricHeat>,
     &Region3Kernel<kIsochoricHeat>, &Region3Kernel<kSpeedOfSound>, &Region3Kernel<kJouleThomson>};

@@ -1,8 +1,9 @@
 // The vector kernels of libtavlib6x against the plain exports, on the path that TAVLIB6X_SIMD
 // asks for (ctest runs this program once per path): every covered export ((p,T) of regions 1, 2,
-// 3, 5, the (p,T) family, the saturation line) over random states of every region, the region and
-// range edges one rounding unit either side, non-finite and out-of-range arguments mixed in,
-// under hostile settings; values, codes and the last error equal bit for bit.
+// 3, 5, the (p,T) family, the saturation line, the refined T(p,h), T(p,s), p(h,s) of regions 1, 2, 5
+// and their families, transport by (p,T), the wet states by (T,x) and (p,T,x)) over random states of every region, the region and range edges one
+// rounding unit either side, wet states, non-finite and out-of-range arguments mixed in, under
+// hostile settings; values, codes and the last error equal bit for bit.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -23,10 +24,15 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
+// The arguments of an export: (p,T), the backward families' (p,h), (p,s), (h,s), or wet (T,x).
+enum Arguments { kPT, kPH, kPS, kHS, kTX };
+
 struct Covered {
     const char* name;
     double (*plain)(double, double);
     bool byTemperature = false;  // the saturation line by T takes the T column
+    Arguments arguments = kPT;
+    double (*plainByPTX)(double, double, double) = nullptr;  // by (p,T,x): x from kDryness
 };
 
 double PST(double T, double) { return tvlPST(T); }
@@ -37,11 +43,26 @@ double DPDTST(double T, double) { return tvlDPDTST(T); }
     {"V" #r "PT", tvlV##r##PT}, {"D" #r "PT", tvlD##r##PT}, {"U" #r "PT", tvlU##r##PT},                     \
         {"S" #r "PT", tvlS##r##PT}, {"H" #r "PT", tvlH##r##PT}, {"CP" #r "PT", tvlCP##r##PT},               \
         {"CV" #r "PT", tvlCV##r##PT}, {"W" #r "PT", tvlW##r##PT}, {"JOULETHOMPSON" #r "PT", tvlJOULETHOMPSON##r##PT}
+#define WET(name) {#name, tvl##name, false, kTX}
+#define WET_PT(name) {#name, nullptr, false, kPT, tvl##name}
 const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(3), COVERED(5),
                             {"VPT", tvlVPT}, {"DPT", tvlDPT}, {"UPT", tvlUPT}, {"SPT", tvlSPT}, {"HPT", tvlHPT},
                             {"CPPT", tvlCPPT}, {"CVPT", tvlCVPT}, {"WPT", tvlWPT},
                             {"JOULETHOMPSONPT", tvlJOULETHOMPSONPT}, {"PST", PST, true}, {"TSP", TSP},
-                            {"DPDTST", DPDTST, true}};
+                            {"DPDTST", DPDTST, true},
+                            {"T1PH", tvlT1PH, false, kPH}, {"T2PH", tvlT2PH, false, kPH}, {"T5PH", tvlT5PH, false, kPH},
+                            {"TPH", tvlTPH, false, kPH}, {"T1PS", tvlT1PS, false, kPS}, {"T2PS", tvlT2PS, false, kPS},
+                            {"T5PS", tvlT5PS, false, kPS}, {"TPS", tvlTPS, false, kPS}, {"P1HS", tvlP1HS, false, kHS},
+                            {"P2HS", tvlP2HS, false, kHS}, {"P5HS", tvlP5HS, false, kHS}, {"PHS", tvlPHS, false, kHS},
+                            {"DYNVISPT", tvlDYNVISPT}, {"KINVISPT", tvlKINVISPT},
+                            {"THERMCONDPT", tvlTHERMCONDPT}, {"PRANDTLEPT", tvlPRANDTLEPT}, WET(VSTX), WET(DSTX),
+                            WET(USTX), WET(SSTX), WET(HSTX), WET(CPSTX), WET(JOULETHOMPSONSTX), WET(THERMCONDSTX),
+                            WET(DYNVISSTX), WET(KINVISSTX), WET(PRANDTLESTX), WET_PT(VPTX), WET_PT(DPTX),
+                            WET_PT(UPTX), WET_PT(SPTX), WET_PT(HPTX), WET_PT(CPPTX), WET_PT(CVPTX), WET_PT(WPTX),
+                            WET_PT(JOULETHOMPSONPTX), WET_PT(THERMCONDPTX), WET_PT(DYNVISPTX), WET_PT(KINVISPTX),
+                            WET_PT(PRANDTLEPTX)};
+#undef WET_PT
+#undef WET
 #undef COVERED
 
 struct Settings {
@@ -67,6 +88,9 @@ void apply(const Settings& s) {
 double up(double x) { return std::nextafter(x, kInf); }
 double down(double x) { return std::nextafter(x, -kInf); }
 
+// x of the k-th (p,T,x) point: in turn inside, at and beyond the ends, and hostile.
+const double kDryness[] = {0.5, 0.0, 1.0, 1.0000000000000002, 1.0000000000000004, -5e-324, 0.25, kNaN, -0.0, kInf};
+
 // Random states over the whole (p,T) plane and somewhat beyond, the edges of the regions and of
 // the range one rounding unit either side, the saturation and B23 lines, and hostile values.
 std::vector<std::pair<double, double>> statePoints() {
@@ -75,9 +99,10 @@ std::vector<std::pair<double, double>> statePoints() {
     std::uniform_real_distribution<double> logP(std::log(100.0), std::log(1.2e8)), T(250.0, 2400.0);
     for (int k = 0; k < 2000; ++k) points.push_back({std::exp(logP(random)), T(random)});
     const double pEdges[] = {611.2126774443452, 611.2126774443451, 16529164.252621602, 22064000.0,
-                             22064000.0 * 1.0000000000000002, 5e7, 1e8, 4e6, 1e5, 2.4e7, 4e7};
+                             22064000.0 * 1.0000000000000002, 5e7, 1e8, 4e6, 1e5, 4e7, 7e7, 2.4e7};
     const double TEdges[] = {273.15, 273.1499999999999, 623.15, 863.15, 1073.15, 1073.15 * (1 + 2e-12), 2273.15,
-                             647.096, 647.0960000000001, 654.313191168, 713.959399168};
+                             647.096, 647.0960000000001, 773.15, 923.15, 1173.15, 654.313191168,
+                             713.959399168};
     for (double p : pEdges)
         for (double t : TEdges)
             for (double pp : {down(p), p, up(p)})
@@ -108,6 +133,46 @@ std::vector<std::pair<double, double>> statePoints() {
     return points;
 }
 
+// Wet states (T, x): random ones from below the line's range to above the critical point, the
+// range edges and 623.15 K one rounding unit either side with x at and beyond 0 and 1, and
+// hostile values of either argument.
+std::vector<std::pair<double, double>> wetPoints() {
+    std::vector<std::pair<double, double>> points;
+    std::mt19937_64 random(17);
+    std::uniform_real_distribution<double> T(250.0, 700.0), x(-0.1, 1.1);
+    for (int k = 0; k < 1500; ++k) points.push_back({T(random), x(random)});
+    for (double t : {273.15, 273.1499999999999, 623.15, 647.096, 647.0960000000001, 400.0})
+        for (double tt : {down(t), t, up(t)})
+            for (double xx : {0.0, -0.0, down(0.0), 0.5, down(1.0), 1.0, up(1.0), up(up(1.0)), 2.0})
+                points.push_back({tt, xx});
+    const double hostile[] = {kNaN, kInf, -kInf, -1.0, 0.0, 1e300, 5e-324};
+    for (double h : hostile) points.insert(points.end(), {{h, 0.5}, {400.0, h}, {h, h}});
+    return points;
+}
+
+// The states above as (p,h), (p,s) or (h,s) by the plain forward exports (under the default
+// settings), wet states at x = 0, 0.3, 1 one rounding unit either side, and hostile values.
+std::vector<std::pair<double, double>> pointsBy(Arguments which) {
+    const auto states = statePoints();
+    if (which == kPT) return states;
+    if (which == kTX) return wetPoints();
+    const auto pair = [which](double p, double h, double s) {
+        return which == kPH ? std::make_pair(p, h) : which == kPS ? std::make_pair(p, s) : std::make_pair(h, s);
+    };
+    std::vector<std::pair<double, double>> points;
+    for (const auto& [p, T] : states) points.push_back(pair(p, tvlHPT(p, T), tvlSPT(p, T)));
+    for (double T = 273.16; T < 647.0; T += 9.7)
+        for (double x : {0.0, 0.3, 1.0}) {
+            const double h = tvlHSWT(T) + x * (tvlHSST(T) - tvlHSWT(T)), s = tvlSSWT(T) + x * (tvlSSST(T) - tvlSSWT(T));
+            const double y = which == kPS ? s : h;  // the one that is varied
+            for (double v : {down(y), y, up(y)})
+                points.push_back(which == kPS ? pair(tvlPST(T), h, v) : pair(tvlPST(T), v, s));
+        }
+    for (const auto& [a, b] : states)  // the hostile pairs as they stand
+        if (!std::isfinite(a) || !std::isfinite(b) || a <= 0.0 || std::fabs(b) >= 1e300) points.push_back({a, b});
+    return points;
+}
+
 class LanesTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -122,14 +187,16 @@ protected:
 
     // Every covered export over the points, as one batch, against its plain calls.
     static void expectPlainBits(const std::vector<std::pair<double, double>>& points, bool broadcastT,
-                                const std::string& where) {
-        std::vector<double> p, T;
+                                const std::string& where, Arguments arguments = kPT) {
+        std::vector<double> p, T, x;
         for (const auto& point : points) p.push_back(point.first), T.push_back(point.second);
         const size_t count = points.size();
+        for (size_t k = 0; k < count; ++k) x.push_back(kDryness[k % std::size(kDryness)]);
         for (const Covered& e : kCovered) {
+            if (e.arguments != arguments) continue;
             if (e.byTemperature) std::swap(p, T);
-            const double* inputs[2] = {p.data(), T.data()};
-            const int64_t strides[2] = {e.byTemperature && broadcastT ? 0 : 1, broadcastT && !e.byTemperature ? 0 : 1};
+            const double* inputs[3] = {p.data(), T.data(), x.data()};
+            const int64_t strides[3] = {e.byTemperature && broadcastT ? 0 : 1, broadcastT && !e.byTemperature ? 0 : 1, 1};
             std::vector<double> results(count, 7.0);
             std::vector<int32_t> errors(count, -7);
             const int64_t failed =
@@ -139,7 +206,8 @@ protected:
             int64_t plainFailed = 0, mismatches = 0;
             int32_t code = 0;
             for (size_t k = 0; k < count; ++k) {
-                const double value = e.plain(p[k * strides[0]], T[k * strides[1]]);
+                const double value = e.plainByPTX != nullptr ? e.plainByPTX(p[k * strides[0]], T[k * strides[1]], x[k])
+                                                             : e.plain(p[k * strides[0]], T[k * strides[1]]);
                 code = tvlGETLASTERROR();
                 plainFailed += code != 0;
                 if (std::memcmp(&value, &results[k], sizeof value) != 0 || code != errors[k]) {
@@ -158,25 +226,32 @@ protected:
 };
 
 TEST_F(LanesTest, EveryCoveredExportHasThePlainBitsUnderEverySetting) {
-    const auto points = statePoints();
-    tvlxSETTHREADS(1);
-    for (const Settings& s : kSettings) {
-        apply(s);
-        expectPlainBits(points, false,
-                        "checks " + std::to_string(s.checkRangeMode) + " mode " + std::to_string(s.toleranceMode) +
-                            " iterations " + std::to_string(s.maxIterations) + " tolerance " +
-                            std::to_string(s.tolerance));
+    for (Arguments arguments : {kPT, kPH, kPS, kHS, kTX}) {
+        const auto points = pointsBy(arguments);
+        tvlxSETTHREADS(1);
+        for (const Settings& s : kSettings) {
+            apply(s);
+            expectPlainBits(points, false,
+                            "checks " + std::to_string(s.checkRangeMode) + " mode " + std::to_string(s.toleranceMode) +
+                                " iterations " + std::to_string(s.maxIterations) + " tolerance " +
+                                std::to_string(s.tolerance),
+                            arguments);
+        }
+        apply(kSettings[0]);
     }
 }
 
 TEST_F(LanesTest, ThreadedSlicesAndRepeatedArgumentsHaveThePlainBits) {
-    auto points = statePoints();
-    const auto once = points;
-    while (points.size() < 9000) points.insert(points.end(), once.begin(), once.end());
-    tvlxSETTHREADS(2);
-    for (const Settings& s : {kSettings[0], kSettings[6]}) {  // a tolerance of NaN too
-        apply(s);
-        expectPlainBits(points, false, "two threads, tolerance " + std::to_string(s.tolerance));
+    for (Arguments arguments : {kPT, kPH, kPS, kHS, kTX}) {
+        auto points = pointsBy(arguments);
+        const auto once = points;
+        while (points.size() < 9000) points.insert(points.end(), once.begin(), once.end());
+        tvlxSETTHREADS(2);
+        for (const Settings& s : {kSettings[0], kSettings[6], kSettings[1]}) {  // a tolerance of NaN, checks off
+            apply(s);
+            expectPlainBits(points, false, "two threads, tolerance " + std::to_string(s.tolerance), arguments);
+        }
+        apply(kSettings[0]);
     }
     expectPlainBits({{1e3, 600.0}, {2e7, 600.0}, {4e7, 600.0}, {kNaN, 600.0}}, true, "T repeated");
 }

@@ -66,6 +66,7 @@ TEST_F(PTDispatch, TheTwoSelectionsAtTheirBoundaries) {
         {"under the lowest saturation pressure", 600.0, 273.16, 2, 2},
         {"supercritical below B23", 3e7, 650.0, 3, 3},
         {"supercritical above B23", 3e7, 720.0, 2, 2},
+        {"a tolerance below B23: the family widens, the state area not", 3e7, water.T23P(3e7) * (1.0 - 1e-12), 2, 3},
     };
     for (const SelectionCase& c : cases) {
         EXPECT_EQ(lib.WATERSTATEAREA2(c.p, c.T), c.area2) << c.what;
