@@ -12,6 +12,7 @@
 #include <iterator>
 #include <utility>
 
+#include "lanes/lane_ops.h"
 #include "lanes/transport_kernels.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/tables/transport_coefficients.h"
@@ -21,9 +22,6 @@
 HWY_BEFORE_NAMESPACE();
 namespace tvlx::lanes::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
-
-using D = hn::ScalableTag<double>;
-using V = hn::Vec<D>;
 
 namespace {  // apart from the region kernels' helpers of the same names
 
@@ -101,24 +99,6 @@ HWY_INLINE V conductivity(D d, V rho, V T) {
     const V third = hn::Mul(c(1.02), exp(d, hn::Sub(hn::Mul(c(-4.11717), Tbar15),
                                                     hn::Div(c(6.17937), hn::Mul(hn::Mul(rbar2, rbar2), rbar)))));
     return hn::Add(hn::Add(lambda0, lambda1), hn::Sub(hn::Add(first, second), third));
-}
-
-// A kernel over contiguous arrays of volumes and temperatures; the last partial vector runs on a
-// padded copy.
-template <class Evaluate>
-HWY_INLINE void overArrays(const double* v, const double* T, double* out, std::size_t count, Evaluate evaluate) {
-    const D d;
-    const std::size_t N = hn::Lanes(d);
-    std::size_t k = 0;
-    for (; k + N <= count; k += N) hn::StoreU(evaluate(d, hn::LoadU(d, v + k), hn::LoadU(d, T + k)), d, out + k);
-    if (k == count) return;
-    HWY_ALIGN double vv[hn::MaxLanes(d)], tt[hn::MaxLanes(d)], oo[hn::MaxLanes(d)];
-    for (std::size_t j = 0; j < N; ++j) {
-        vv[j] = k + j < count ? v[k + j] : v[k];
-        tt[j] = k + j < count ? T[k + j] : T[k];
-    }
-    hn::Store(evaluate(d, hn::Load(d, vv), hn::Load(d, tt)), d, oo);
-    for (std::size_t j = 0; k + j < count; ++j) out[k + j] = oo[j];
 }
 
 // The density is 1 / v; the kinematic viscosity is the viscosity times v.
