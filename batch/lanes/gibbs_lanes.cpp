@@ -525,6 +525,7 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
 #include "lanes/backward_lanes-inl.h"
 
 extern const DensityKernel kRegion3Kernels[kPropertyCount];  // region3_lanes.cpp
+extern const PointKernel kTransportKernels[kTransportCount];   // transport_lanes.cpp
 
 template <std::size_t... P>
 constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
@@ -538,7 +539,8 @@ constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
             {&SearchKernelOf<kT1PH>, &SearchKernelOf<kT1PS>, &SearchKernelOf<kP1HS>, &SearchKernelOf<kT2PH>,
              &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>, &SearchKernelOf<kT5PH>, &SearchKernelOf<kT5PS>,
              &SearchKernelOf<kP5HS>},
-            kRegion3Kernels};
+            kRegion3Kernels,
+            kTransportKernels};
 }
 
 const KernelSet* Kernels() {

@@ -46,6 +46,15 @@ using SearchKernel = void (*)(const double* a, const double* b, double* value, d
 using DensityKernel = void (*)(const double* p, const double* T, double* out, double* failed, std::size_t count,
                                const SearchSettings& settings);
 
+// out[k] = the transport property of the state of volume v[k] at T[k] (the PointKernel's p is v):
+// its density is 1 / v[k], as the (p,T) and the saturated-state families form it.
+enum Transport { kViscosity, kKinematicViscosity, kConductivity, kTransportCount };
+
+// A quantity of one phase that the transport and wet-state exports read: a Property, a Transport
+// from kTransportQuantity on, or the Prandtl number (cp times the viscosity over the conductivity).
+constexpr int kTransportQuantity = kPropertyCount;
+constexpr int kPrandtlQuantity = kTransportQuantity + kTransportCount;
+
 struct KernelSet {
     const char* path;
     Classifier classify;
@@ -56,6 +65,7 @@ struct KernelSet {
     PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
     SearchKernel search[kSearchCount];
     const DensityKernel* region3;  // one per Property
+    const PointKernel* transport;  // one per Transport
 };
 
 // The kernels of one instruction set, or null where it was not compiled.

@@ -16,7 +16,6 @@
 #include "frame/validators.h"
 #include "lanes/kernels.h"
 #include "lanes/search_blocks.h"
-#include "lanes/transport_kernels.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
 

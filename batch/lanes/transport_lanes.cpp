@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "lanes/lane_ops.h"
-#include "lanes/transport_kernels.h"
+#include "lanes/kernels.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/tables/transport_coefficients.h"
 
@@ -114,34 +114,11 @@ void TransportKernel(const double* v, const double* T, double* out, std::size_t 
 
 }  // namespace
 
-const TransportKernels* TransportKernelsOf() {
-    static constexpr TransportKernels kSet = {
-        {&TransportKernel<kViscosity>, &TransportKernel<kKinematicViscosity>, &TransportKernel<kConductivity>}};
-    return &kSet;
-}
+extern const PointKernel kTransportKernels[kTransportCount];
+const PointKernel kTransportKernels[kTransportCount] = {&TransportKernel<kViscosity>,
+                                                        &TransportKernel<kKinematicViscosity>,
+                                                        &TransportKernel<kConductivity>};
 
 }  // namespace tvlx::lanes::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
-#endif
-
-#if HWY_ONCE
-namespace tvlx::lanes {
-
-const TransportKernels* avx512TransportKernels() {
-#if HWY_TARGETS & HWY_AVX3
-    return N_AVX3::TransportKernelsOf();
-#else
-    return nullptr;
-#endif
-}
-
-const TransportKernels* avx2TransportKernels() {
-#if HWY_TARGETS & HWY_AVX2
-    return N_AVX2::TransportKernelsOf();
-#else
-    return nullptr;
-#endif
-}
-
-}  // namespace tvlx::lanes
 #endif
