@@ -38,6 +38,18 @@ constexpr double kB23AtCritical = 2626375.4454356735;           // H2PT(pc, T23(
 constexpr double kSaturatedSteamAt623 = 2563592.0038884096;     // h'' at 623.15 K, the region 2 corner
 constexpr double kRegion3SteamSideStart = 2087248.060963254;    // above it the wet test starts from steam
 
+// The bands above the critical pressure and from P623 up to it, in the order the selection reads.
+constexpr backward::SupercriticalBand kSupercriticalBand = {
+    kOnlyRegion1AboveCritical, kOnlyRegion5AboveCritical,
+    kRegion1AtCritical,        kOnlyRegion3AboveCritical,
+    kB23Above50MPa,            kOnlyRegion2AboveCritical,
+};
+constexpr backward::NearCriticalBand kNearCriticalBand = {
+    kOnlyRegion1BelowCritical, kOnlyRegion5FromP623,
+    kSaturatedWaterAt623,      kRegion5BelowCritical,
+    kB23AtCritical,            kSaturatedSteamAt623,
+};
+
 // Below the B23 pressure at 623.15 K.
 constexpr double kOnlyRegion2BelowP623 = 4084125.0;       // H2PT(P623, 1073.15 K), down
 constexpr double kOnlyRegion5BelowP623 = 4160660.93;      // H2PT(611.2 Pa, 1073.15 K) = 4160660.928, up
@@ -74,6 +86,7 @@ int WaterModel::REGIONPH(double p, double h) {
     auto region3OrAtLeast1 = [&] { return H1PT(p, kRegion13Temperature) * m < h ? 3 : 1; };
     auto region2Or5 = [&] { return H2PT(p, kRegion25Temperature) * m >= h ? 2 : 5; };
     auto region3Or2 = [&] { return H2PT(p, T23P(p)) > m * h ? 3 : 2; };
+    auto wetOr3 = [&] { return backward::wetOrRegion3<&WaterModel::H3RT>(*this, p, h, kRegion3SteamSideStart); };
 
     // Above the pressure limit of region 5 the wet area is far away too.
     if (p > kRegion5HighestPressure) {
@@ -82,29 +95,10 @@ int WaterModel::REGIONPH(double p, double h) {
         if (h > kRegion3From50MPa) return h < kB23Below50MPa ? 3 : region3Or2();
         return region1Or3();
     }
-    if (p > kCriticalPressure) {
-        if (h < kOnlyRegion1AboveCritical) return 1;
-        if (h > kOnlyRegion5AboveCritical) return 5;
-        if (h < kRegion1AtCritical) return region3OrAtLeast1();
-        if (h < kOnlyRegion3AboveCritical) return 3;
-        if (h < kB23Above50MPa) return region3Or2();
-        if (h < kOnlyRegion2AboveCritical) return 2;
-        return region2Or5();
-    }
-    if (p >= kP623) {
-        if (h < kOnlyRegion1BelowCritical) return 1;
-        if (h > kOnlyRegion5FromP623) return 5;
-        if (h < kSaturatedWaterAt623) return region3OrAtLeast1();
-        if (h > kRegion5BelowCritical) return region2Or5();
-        if (h > kB23AtCritical) return 2;
-        if (h > kSaturatedSteamAt623) return region3Or2();
-        // Between the saturated states of region 3: the side of the critical enthalpy decides
-        // which saturated density the search starts from.
-        const double Ts = TSP(p);
-        solved.PublishTemperature(Ts);
-        if (h > kRegion3SteamSideStart) return H3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > h ? 4 : 3;
-        return H3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < h ? 4 : 3;
-    }
+    if (p > kCriticalPressure)
+        return backward::selectSupercritical(kSupercriticalBand, h, region3OrAtLeast1, region3Or2, region2Or5);
+    if (p >= kP623)
+        return backward::selectNearCritical(kNearCriticalBand, h, region3OrAtLeast1, region2Or5, region3Or2, wetOr3);
     if (p < kIcePointSaturationPressure) return region2Or5();
     if (h > kAboveSaturatedSteam) {
         if (h < kOnlyRegion2BelowP623) return 2;

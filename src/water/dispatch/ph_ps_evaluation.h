@@ -13,6 +13,56 @@
 
 namespace tvl::backward {
 
+// Above the critical pressure, up to 50 MPa, the selections by (p,h) and by (p,s) order the
+// regions alike along y (h or s): the bounds below which only region 1, above which only
+// region 5 lies, then the 1/3 boundary test, only region 3, the B23 test, only region 2 and the
+// 2/5 test. The thresholds are each selection's own.
+struct SupercriticalBand {
+    double onlyRegion1, onlyRegion5, region1Boundary, onlyRegion3, b23Boundary, onlyRegion2;
+};
+
+template <class Test13, class Test32, class Test25>
+int selectSupercritical(const SupercriticalBand& band, double y, Test13 region1Or3, Test32 region3Or2,
+                        Test25 region2Or5) {
+    if (y < band.onlyRegion1) return 1;
+    if (y > band.onlyRegion5) return 5;
+    if (y < band.region1Boundary) return region1Or3();
+    if (y < band.onlyRegion3) return 3;
+    if (y < band.b23Boundary) return region3Or2();
+    if (y < band.onlyRegion2) return 2;
+    return region2Or5();
+}
+
+// Between the saturated states of region 3 below the critical pressure: wet (4) or region 3, by
+// the property y of region 3 at the saturation temperature, its density search starting from the
+// saturated density of the side of y that steamSideStart marks. Publishes the temperature.
+template <double (WaterModel::*Property)(double, double)>
+int wetOrRegion3(WaterModel& w, double p, double y, double steamSideStart) {
+    const double Ts = w.TSP(p);
+    w.solved.PublishTemperature(Ts);
+    if (y > steamSideStart) return (w.*Property)(w.R3PTR0(p, Ts, w.ROUGHRSST(Ts)), Ts) > y ? 4 : 3;
+    return (w.*Property)(w.R3PTR0(p, Ts, w.ROUGHRSWT(Ts)), Ts) < y ? 4 : 3;
+}
+
+// From the B23 pressure at 623.15 K up to the critical pressure, likewise: only region 1, only
+// region 5, the 1/3 test up to the saturated water at 623.15 K, the 2/5 test, only region 2, the
+// B23 test down to the saturated steam at 623.15 K, and between those the wet area or region 3.
+struct NearCriticalBand {
+    double onlyRegion1, onlyRegion5, saturatedWater, region5Boundary, onlyRegion2, saturatedSteam;
+};
+
+template <class Test13, class Test25, class Test32, class TestWet>
+int selectNearCritical(const NearCriticalBand& band, double y, Test13 region1Or3, Test25 region2Or5,
+                       Test32 region3Or2, TestWet wetOr3) {
+    if (y < band.onlyRegion1) return 1;
+    if (y > band.onlyRegion5) return 5;
+    if (y < band.saturatedWater) return region1Or3();
+    if (y > band.region5Boundary) return region2Or5();
+    if (y > band.onlyRegion2) return 2;
+    if (y > band.saturatedSteam) return region3Or2();
+    return wetOr3();
+}
+
 // The equations that a (p,h) or (p,s) evaluation reads, y being h or s: the selection, the
 // backward functions of regions 1, 2 and 5, the subregion test of region 3 and the subregions'
 // backward functions, the refinement on region 3's basic equation, and the saturated values that

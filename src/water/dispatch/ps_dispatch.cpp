@@ -41,6 +41,18 @@ constexpr double kSaturatedSteamAt623 = 5210.888;                 // s'' at 623.
 // 4411.55970): above it the wet test's density search starts from the steam side.
 constexpr double kRegion3SteamSideStart = 4411.559751434355;
 
+// The bands above the critical pressure and from P623 up to it, in the order the selection reads.
+constexpr backward::SupercriticalBand kSupercriticalBand = {
+    kOnlyRegion1AboveCritical, kOnlyRegion5AboveCritical,
+    kRegion1AtCritical,        kOnlyRegion3AboveCritical,
+    kB23AtCritical,            kOnlyRegion2AboveCritical,
+};
+constexpr backward::NearCriticalBand kNearCriticalBand = {
+    kOnlyRegion1BelowCritical, kOnlyRegion5FromP623,
+    kSaturatedWaterAt623,      kRegion5BelowCritical,
+    kOnlyRegion2FromP623,      kSaturatedSteamAt623,
+};
+
 // The entropy side of a (p,s) evaluation. On the 3a/3b boundary, the critical entropy, the point
 // is 3a.
 constexpr backward::BackwardEquations kByEntropy = {
@@ -94,6 +106,7 @@ int WaterModel::REGIONPS(double p, double s) {
         return S2PT(p, kRegion25Temperature) * m >= s ? 2 : 5;
     };
     auto region3Or2 = [&] { return S2PT(p, T23P(p)) > m * s ? 3 : 2; };
+    auto wetOr3 = [&] { return backward::wetOrRegion3<&WaterModel::S3RT>(*this, p, s, kRegion3SteamSideStart); };
 
     // Above the pressure limit of region 5 the wet area is far away too.
     if (p > kRegion5HighestPressure) {
@@ -103,29 +116,10 @@ int WaterModel::REGIONPS(double p, double s) {
         if (s < kOnlyRegion3Above50MPa) return 3;
         return region3Or2();
     }
-    if (p > kCriticalPressure) {
-        if (s < kOnlyRegion1AboveCritical) return 1;
-        if (s > kOnlyRegion5AboveCritical) return 5;
-        if (s < kRegion1AtCritical) return region1Or3();
-        if (s < kOnlyRegion3AboveCritical) return 3;
-        if (s < kB23AtCritical) return region3Or2();
-        if (s < kOnlyRegion2AboveCritical) return 2;
-        return region2Or5();
-    }
-    if (p >= kP623) {
-        if (s < kOnlyRegion1BelowCritical) return 1;
-        if (s < kSaturatedWaterAt623) return region1Or3();
-        if (s > kOnlyRegion5FromP623) return 5;
-        if (s > kRegion5BelowCritical) return region2Or5();
-        if (s > kOnlyRegion2FromP623) return 2;
-        if (s > kSaturatedSteamAt623) return region3Or2();
-        // Between the saturated states of region 3: the side of the critical entropy decides
-        // which saturated density the search starts from.
-        const double Ts = TSP(p);
-        solved.PublishTemperature(Ts);
-        if (s > kRegion3SteamSideStart) return S3RT(R3PTR0(p, Ts, ROUGHRSST(Ts)), Ts) > s ? 4 : 3;
-        return S3RT(R3PTR0(p, Ts, ROUGHRSWT(Ts)), Ts) < s ? 4 : 3;
-    }
+    if (p > kCriticalPressure)
+        return backward::selectSupercritical(kSupercriticalBand, s, region1Or3, region3Or2, region2Or5);
+    if (p >= kP623)
+        return backward::selectNearCritical(kNearCriticalBand, s, region1Or3, region2Or5, region3Or2, wetOr3);
     if (p < kIcePointSaturationPressure) return region2Or5();
     const int water = bounds.saturatedWater.side(p, s);
     if (water < 0) return 1;
