@@ -525,6 +525,7 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
 #include "lanes/backward_lanes-inl.h"
 
 extern const DensityKernel kRegion3Kernels[kPropertyCount];  // region3_lanes.cpp
+extern const SearchKernel kRegion3Searches[kRegion3SearchCount];  // region3_lanes.cpp
 extern const PointKernel kTransportKernels[kTransportCount];   // transport_lanes.cpp
 
 template <std::size_t... P>
@@ -540,6 +541,7 @@ constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
              &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>, &SearchKernelOf<kT5PH>, &SearchKernelOf<kT5PS>,
              &SearchKernelOf<kP5HS>},
             kRegion3Kernels,
+            kRegion3Searches,
             kTransportKernels};
 }
 

@@ -5,7 +5,8 @@
 // others go on, and the vector is done when every lane has stopped or run out of iterations.
 // The start's area is chosen point by point by the scalar selection, and each area's fit then
 // runs in lanes over its own points. Fits and searches take two vectors side by side, as their
-// sums and power tables are serial chains that one vector alone leaves waiting.
+// sums and power tables are serial chains that one vector alone leaves waiting. The backward
+// searches of the (p,h), (p,s) and (h,s) families follow in region3_search-inl.h.
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "lanes/region3_lanes.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
@@ -20,6 +21,7 @@
 #include "water/formulation/region3_fit.h"
 #include "water/formulation/region3_helmholtz.h"
 #include "water/formulation/tables/library_fits.h"
+#include "water/formulation/tables/region3_coefficients.h"
 #include "water/formulation/water_model.h"
 
 #ifndef TAVLIB6X_REGION3_LANES_ONCE
@@ -432,6 +434,8 @@ const DensityKernel kRegion3Kernels[kPropertyCount] = {
     &Region3Kernel<kVolume>,        &Region3Kernel<kDensity>,      &Region3Kernel<kInternalEnergy>,
     &Region3Kernel<kEntropy>,       &Region3Kernel<kEnthalpy>,     &Region3Kernel<kIsobaricHeat>,
     &Region3Kernel<kIsochoricHeat>, &Region3Kernel<kSpeedOfSound>, &Region3Kernel<kJouleThomson>};
+
+#include "lanes/region3_search-inl.h"
 
 }  // namespace tvlx::lanes::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();

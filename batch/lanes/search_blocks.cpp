@@ -1,10 +1,10 @@
 // The frames of the refined backward exports around their searches in lanes. A region export
 // (T1PH ...) is its search and the frame's finiteness test. A dispatching export (TPH, TPS, PHS)
 // runs, point by point, the argument test and the region selection of the plain call on a model
-// object with the same settings; the points of regions 1, 2 and 5 then go through that region's
+// object with the same settings; the points of each region then go through that region's
 // search together, and the frame's test of the state found follows; a wet (p,h) or (p,s) point
-// takes the saturation temperature the selection worked out. Points of other areas (region 3,
-// wet (h,s) points), a selection that throws, and a solved state below 273.15 K (where the
+// takes the saturation temperature the selection worked out. Wet (h,s) points, p(h,s) in region 3
+// without refinement, a selection that throws, and a solved state below 273.15 K (where the
 // melting curve decides) are left to the plain call.
 #include "lanes/search_blocks.h"
 
@@ -123,7 +123,8 @@ void dispatchingBlock(const KernelSet& set, int which, const tvl::ModelSettings&
         const bool refused = entropyTest && entropyRefused(settings, a[k], b[k], lowest[k], highest[k]);
         solved.clear();
         region[k] = refused ? -1 : selectPoint(which, w, settings, a[k], b[k]);
-        const bool searched = region[k] == 1 || region[k] == 2 || region[k] == 5;
+        const bool searched = region[k] == 1 || region[k] == 2 || region[k] == 5 ||
+                              (region[k] == 3 && (which != kPHS || settings.refining()));
         code[k] = region[k] == -1 ? tvl::kOutOfRange : searched ? tvl::kNoError : kByPlainCall;
         value[k] = -1.0;
         // A wet (p,h) or (p,s) point's temperature is the Ts that the selection published.
@@ -134,7 +135,7 @@ void dispatchingBlock(const KernelSet& set, int which, const tvl::ModelSettings&
     }
     const SearchSettings searchSettings = kernelSettings(settings);
     const int base = which == kTPH ? kT1PH : which == kTPS ? kT1PS : kP1HS;  // the region 1 search
-    for (int r : {1, 2, 5}) {
+    for (int r : {1, 2, 3, 5}) {
         double ra[kBlock], rb[kBlock], out[kBlock], T[kBlock];
         int index[kBlock], failed[kBlock];
         int n = 0;
@@ -146,7 +147,8 @@ void dispatchingBlock(const KernelSet& set, int which, const tvl::ModelSettings&
         }
         if (n == 0) continue;
         const int offset = r == 1 ? 0 : r == 2 ? kT2PH - kT1PH : kT5PH - kT1PH;
-        set.search[base + offset](ra, rb, out, T, failed, static_cast<std::size_t>(n), searchSettings);
+        const SearchKernel search = r == 3 ? set.region3Search[which - kTPH] : set.search[base + offset];
+        search(ra, rb, out, T, failed, static_cast<std::size_t>(n), searchSettings);
         for (int j = 0; j < n; ++j)
             dispatchedResult(which, r, settings, ra[j], out[j], T[j], failed[j] != 0, value[index[j]], code[index[j]]);
     }

@@ -1,6 +1,6 @@
 // Blocks of the refined backward exports in lanes: the region exports T1PH, T1PS, P1HS, T2PH,
 // T2PS, P2HS, T5PH, T5PS, P5HS, and the dispatching TPH, TPS, PHS, whose points are sorted by the
-// plain selection and whose region 1, 2 and 5 points go through the region's search in lanes
+// plain selection and whose points of each region go through the region's search in lanes
 // (wet (p,h) and (p,s) points take the selection's saturation temperature).
 #ifndef TAVLIB6X_LANES_SEARCH_BLOCKS_H
 #define TAVLIB6X_LANES_SEARCH_BLOCKS_H
