@@ -43,6 +43,9 @@ double DPDTST(double T, double) { return tvlDPDTST(T); }
     {"V" #r "PT", tvlV##r##PT}, {"D" #r "PT", tvlD##r##PT}, {"U" #r "PT", tvlU##r##PT},                     \
         {"S" #r "PT", tvlS##r##PT}, {"H" #r "PT", tvlH##r##PT}, {"CP" #r "PT", tvlCP##r##PT},               \
         {"CV" #r "PT", tvlCV##r##PT}, {"W" #r "PT", tvlW##r##PT}, {"JOULETHOMPSON" #r "PT", tvlJOULETHOMPSON##r##PT}
+#define SATURATED(q)                                                 \
+    {#q "SWT", [](double T, double) { return tvl##q##SWT(T); }, true}, \
+        {#q "SST", [](double T, double) { return tvl##q##SST(T); }, true}
 #define WET(name) {#name, tvl##name, false, kTX}
 #define WET_PT(name) {#name, nullptr, false, kPT, tvl##name}
 const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(3), COVERED(5),
@@ -54,6 +57,9 @@ const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(3), COVERED(5),
                             {"TPH", tvlTPH, false, kPH}, {"T1PS", tvlT1PS, false, kPS}, {"T2PS", tvlT2PS, false, kPS},
                             {"T5PS", tvlT5PS, false, kPS}, {"TPS", tvlTPS, false, kPS}, {"P1HS", tvlP1HS, false, kHS},
                             {"P2HS", tvlP2HS, false, kHS}, {"P5HS", tvlP5HS, false, kHS}, {"PHS", tvlPHS, false, kHS},
+                            SATURATED(V), SATURATED(D), SATURATED(U), SATURATED(S), SATURATED(H), SATURATED(CP),
+                            SATURATED(CV), SATURATED(W), SATURATED(JOULETHOMPSON), SATURATED(THERMCOND),
+                            SATURATED(DYNVIS), SATURATED(KINVIS), SATURATED(PRANDTLE),
                             {"DYNVISPT", tvlDYNVISPT}, {"KINVISPT", tvlKINVISPT},
                             {"THERMCONDPT", tvlTHERMCONDPT}, {"PRANDTLEPT", tvlPRANDTLEPT}, WET(VSTX), WET(DSTX),
                             WET(USTX), WET(SSTX), WET(HSTX), WET(CPSTX), WET(JOULETHOMPSONSTX), WET(THERMCONDSTX),
@@ -62,6 +68,7 @@ const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(3), COVERED(5),
                             WET_PT(JOULETHOMPSONPTX), WET_PT(THERMCONDPTX), WET_PT(DYNVISPTX), WET_PT(KINVISPTX),
                             WET_PT(PRANDTLEPTX)};
 #undef WET_PT
+#undef SATURATED
 #undef WET
 #undef COVERED
 
