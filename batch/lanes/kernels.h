@@ -66,6 +66,7 @@ struct KernelSet {
     PointKernel region1[kPropertyCount];
     PointKernel region2[kPropertyCount];
     PointKernel region5[kPropertyCount];
+    PointKernel metastable[kPropertyCount];  // the metastable-vapour equation; its density is not an export
     PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
     SearchKernel search[kSearchCount];
     const DensityKernel* region3;  // one per Property

@@ -140,6 +140,17 @@ const Export kExports[] = {
     TVLX_SATURATED_EXPORTS(kTransportQuantity + kViscosity, DYNVISSWT, DYNVISSST),
     TVLX_SATURATED_EXPORTS(kTransportQuantity + kKinematicViscosity, KINVISSWT, KINVISSST),
     TVLX_SATURATED_EXPORTS(kPrandtlQuantity, PRANDTLESWT, PRANDTLESST),
+    TVLX_EXPORT(VMSPT, kMetastable, kVolume),
+    TVLX_EXPORT(UMSPT, kMetastable, kInternalEnergy),
+    TVLX_EXPORT(SMSPT, kMetastable, kEntropy),
+    TVLX_EXPORT(HMSPT, kMetastable, kEnthalpy),
+    TVLX_EXPORT(CPMSPT, kMetastable, kIsobaricHeat),
+    TVLX_EXPORT(CVMSPT, kMetastable, kIsochoricHeat),
+    TVLX_EXPORT(WMSPT, kMetastable, kSpeedOfSound),
+    TVLX_EXPORT(THERMCONDMSPT, kMetastable, kTransportQuantity + kConductivity),
+    TVLX_EXPORT(DYNVISMSPT, kMetastable, kTransportQuantity + kViscosity),
+    TVLX_EXPORT(KINVISMSPT, kMetastable, kTransportQuantity + kKinematicViscosity),
+    TVLX_EXPORT(PRANDTLEMSPT, kMetastable, kPrandtlQuantity),
 };
 
 #undef TVLX_WET_PT_EXPORT
@@ -243,7 +254,9 @@ public:
     int32_t lastCode = 0;
 };
 
+// The kernel of a property of region 1, 2, 5 or of metastable vapour.
 PointKernel kernelOf(const KernelSet& set, int region, int property) {
+    if (region == kMetastable) return set.metastable[property];
     return region == 1 ? set.region1[property] : region == 2 ? set.region2[property] : set.region5[property];
 }
 
@@ -369,6 +382,10 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         }
         if (e.region == kWet) {
             wetBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kMetastable) {
+            metastableBlock(run, set, settings, start, p, T, count);
             continue;
         }
         if (e.region == kSaturatedWater || e.region == kSaturatedSteam) {
