@@ -535,7 +535,7 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
 #include "lanes/backward_lanes-inl.h"
 
 extern const DensityKernel kRegion3Kernels[kPropertyCount];  // region3_lanes.cpp
-extern const SearchKernel kRegion3Searches[kRegion3SearchCount];  // region3_lanes.cpp
+extern const SearchKernel kRegion3Searches[kRegion3SearchCount];  // region3_search_lanes.cpp
 extern const PointKernel kTransportKernels[kTransportCount];   // transport_lanes.cpp
 
 template <std::size_t... P>

@@ -40,8 +40,9 @@ struct SearchSettings {
 using SearchKernel = void (*)(const double* a, const double* b, double* value, double* temperature, int* failed,
                               std::size_t count, const SearchSettings& settings);
 
-// The region 3 searches of the dispatching families (region3_search-inl.h), as SearchKernels: the
-// temperature by (p,h) and by (p,s), and by (h,s) the pressure with its temperature.
+// The region 3 searches of the dispatching families (region3_search_lanes.cpp), as
+// SearchKernels: the temperature by (p,h) and by (p,s), and by (h,s) the pressure with its
+// temperature.
 enum Region3Search { kT3PH, kT3PS, kP3HS, kRegion3SearchCount };
 
 // Region 3 by (p,T): out[k] = the property at the density that the plain call's search finds at

@@ -1,12 +1,29 @@
-// The refined region 3 searches of the (p,h), (p,s) and (h,s) families in lanes. Each lane takes
-// the start of its plain call (the subregion's backward equations, chosen per lane), then the
-// plain call's iteration on (density, T) over the Helmholtz sums: the chord steps towards p and
-// h or s, whose stop test measures the steps, or the Newton steps towards h and s, whose stop
-// test measures the residuals before the step. The count rule is the plain call's; a lane that
-// has stopped keeps its state while the others go on.
-//
-// Included by region3_lanes.cpp inside its per-target namespace, after the sums it uses; no
-// include guard, since it is compiled once per target.
+// The refined region 3 searches of the (p,h), (p,s) and (h,s) families over several points at
+// once, compiled for AVX-512 and AVX2. Each lane takes the start of its plain call (the
+// subregion's backward equations, chosen per lane), then the plain call's iteration on
+// (density, T) over the Helmholtz sums: the chord steps towards p and h or s, whose stop test
+// measures the steps, or the Newton steps towards h and s, whose stop test measures the
+// residuals before the step. The count rule is the plain call's; a lane that has stopped keeps
+// its state while the others go on.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "lanes/region3_search_lanes.cpp"
+#include <hwy/foreach_target.h>  // IWYU pragma: keep
+#include <hwy/highway.h>
+
+#include <cmath>
+#include <cstddef>
+
+#include "lanes/kernels.h"
+#include "lanes/lane_ops.h"
+#include "lanes/region3_sums.h"
+#include "water/formulation/constants.h"
+#include "water/formulation/region3_helmholtz.h"
+#include "water/formulation/tables/region3_coefficients.h"
+
+#if HWY_TARGET == HWY_AVX2 || HWY_TARGET == HWY_AVX3
+HWY_BEFORE_NAMESPACE();
+namespace tvlx::lanes::HWY_NAMESPACE {
+namespace hn = hwy::HWY_NAMESPACE;
 
 using Mask = hn::Mask<D>;
 
@@ -246,3 +263,7 @@ void Region3SearchKernel(const double* a, const double* b, double* value, double
 extern const SearchKernel kRegion3Searches[kRegion3SearchCount];
 const SearchKernel kRegion3Searches[kRegion3SearchCount] = {&Region3SearchKernel<kT3PH>, &Region3SearchKernel<kT3PS>,
                                                              &Region3SearchKernel<kP3HS>};
+
+}  // namespace tvlx::lanes::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+#endif
