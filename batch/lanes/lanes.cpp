@@ -36,7 +36,9 @@ constexpr int kSaturatedSteam = -7;
 constexpr int kMetastable = -8;  // metastable vapour by (p,T)
 
 // The exports of one argument, whose plain calls are plainLine and methodLine.
-constexpr bool oneArgument(int region) { return region == kLine || region == kSaturatedWater || region == kSaturatedSteam; }
+constexpr bool oneArgument(int region) {
+    return region == kLine || region == kSaturatedWater || region == kSaturatedSteam;
+}
 
 struct Export {
     const char* name;
@@ -68,9 +70,9 @@ namespace {
         TVLX_EXPORT(JOULETHOMPSON##r##PT, r, kJouleThomson)
 #define TVLX_LINE_EXPORT(name, line, lowest, highest) \
     {#name, kLine, line, nullptr, nullptr, [](double x) { return tvl##name(x); }, &tvl::PropertyFacade::name, lowest, highest}
-#define TVLX_SATURATED_EXPORT(name, phase, quantity)                                                \
-    {#name, phase, quantity, nullptr, nullptr, [](double T) { return tvl##name(T); }, &tvl::PropertyFacade::name, \
-     tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature}
+#define TVLX_SATURATED_EXPORT(name, phase, quantity)                                \
+    {#name, phase, quantity, nullptr, nullptr, [](double T) { return tvl##name(T); }, \
+     &tvl::PropertyFacade::name, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature}
 #define TVLX_SATURATED_EXPORTS(quantity, water, steam) \
     TVLX_SATURATED_EXPORT(water, kSaturatedWater, quantity), TVLX_SATURATED_EXPORT(steam, kSaturatedSteam, quantity)
 #define TVLX_WET_PT_EXPORT(name, quantity)                                                         \
@@ -125,6 +127,8 @@ const Export kExports[] = {
     TVLX_WET_PT_EXPORT(PRANDTLEPTX, kPrandtlQuantity),
     TVLX_EXPORT(T1PH, kSearching, kT1PH), TVLX_EXPORT(T1PS, kSearching, kT1PS), TVLX_EXPORT(P1HS, kSearching, kP1HS),
     TVLX_EXPORT(T2PH, kSearching, kT2PH), TVLX_EXPORT(T2PS, kSearching, kT2PS), TVLX_EXPORT(P2HS, kSearching, kP2HS),
+    TVLX_EXPORT(T3PH, kSearching, kT3PHExport), TVLX_EXPORT(T3PS, kSearching, kT3PSExport),
+    TVLX_EXPORT(P3HS, kSearching, kP3HSExport),
     TVLX_EXPORT(T5PH, kSearching, kT5PH), TVLX_EXPORT(T5PS, kSearching, kT5PS), TVLX_EXPORT(P5HS, kSearching, kP5HS),
     TVLX_EXPORT(TPH, kSearching, kTPH), TVLX_EXPORT(TPS, kSearching, kTPS), TVLX_EXPORT(PHS, kSearching, kPHS),
     TVLX_SATURATED_EXPORTS(kVolume, VSWT, VSST),

@@ -39,10 +39,8 @@ HWY_INLINE V backwardEquation(D d, V a, V b) {
 HWY_INLINE Mask subregion3aByEnthalpy(D d, V p, V h) {
     const auto c = [d](double value) { return hn::Set(d, value); };
     const V q = hn::Div(p, c(1e6));
-    const V boundary = hn::Mul(
-        hn::Add(hn::Mul(hn::Add(hn::Mul(hn::Add(hn::Mul(c(tvl::kH3AB[3]), q), c(tvl::kH3AB[2])), q), c(tvl::kH3AB[1])), q),
-                c(tvl::kH3AB[0])),
-        c(1000.0));
+    const V cubic = hn::Add(hn::Mul(hn::Add(hn::Mul(c(tvl::kH3AB[3]), q), c(tvl::kH3AB[2])), q), c(tvl::kH3AB[1]));
+    const V boundary = hn::Mul(hn::Add(hn::Mul(cubic, q), c(tvl::kH3AB[0])), c(1000.0));
     return hn::Le(h, boundary);
 }
 
@@ -87,9 +85,8 @@ HWY_INLINE StateLanes stateOf(D d, const Helmholtz& f, V delta, V tau, V rho, V 
     q.h = hn::Mul(hn::Mul(hn::Add(hn::Mul(tau, f.phiTau), hn::Mul(delta, f.phiDelta)), r), T);
     q.s = (Wanted & tvl::kPhi) != 0 ? hn::Mul(hn::Sub(hn::Mul(tau, f.phiTau), f.phi), r) : hn::Zero(d);
     q.dpdT = hn::Mul(hn::Mul(hn::Mul(hn::Sub(f.phiDelta, hn::Mul(tau, f.phiDeltaTau)), rho), r), delta);
-    q.dpdrho =
-        hn::Mul(hn::Mul(hn::Mul(hn::Add(hn::Mul(delta, f.phiDeltaDelta), hn::Mul(hn::Set(d, 2.0), f.phiDelta)), delta), r),
-                T);
+    const V curvature = hn::Add(hn::Mul(delta, f.phiDeltaDelta), hn::Mul(hn::Set(d, 2.0), f.phiDelta));
+    q.dpdrho = hn::Mul(hn::Mul(hn::Mul(curvature, delta), r), T);
     q.cv = hn::Mul(hn::Mul(hn::Mul(hn::Neg(tau), tau), f.phiTauTau), r);
     return q;
 }

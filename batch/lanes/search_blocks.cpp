@@ -138,13 +138,14 @@ tvl::ModelSettings searchSettingsOf(const tvl::PropertyFacade* facade) {
 
 void searchBlock(const KernelSet& set, int which, const tvl::ModelSettings& settings, const double* a, const double* b,
                  double* value, int32_t* code, int count) {
-    if (which >= kSearchCount) {
+    if (which >= kTPH && which <= kPHS) {
         dispatchingBlock(set, which, settings, a, b, value, code, count);
         return;
     }
     double out[kBlock], T[kBlock];
     int failed[kBlock];
-    set.search[which](a, b, out, T, failed, static_cast<std::size_t>(count), kernelSettings(settings));
+    const SearchKernel search = which < kSearchCount ? set.search[which] : set.region3Search[which - kT3PHExport];
+    search(a, b, out, T, failed, static_cast<std::size_t>(count), kernelSettings(settings));
     for (int k = 0; k < count; ++k) frameResult(out[k], failed[k] != 0, value[k], code[k]);
 }
 
