@@ -269,14 +269,7 @@ HWY_INLINE void propertiesAt(D d, const V* rho, const V* T, V* out) {
         for (int m = 0; m < M; ++m) out[m] = Property == kVolume ? hn::Div(hn::Set(d, 1.0), rho[m]) : rho[m];
     } else {
         HelmholtzGroup<M> g;
-        for (int m = 0; m < M; ++m) {
-            g.delta[m] = reducedDensity(d, rho[m]);
-            g.tau[m] = reducedTemperature(d, T[m]);
-        }
-        for (int m = 0; m < M; ++m) {
-            g.x[m].fill(d, g.delta[m]);
-            g.y[m].fill(d, g.tau[m]);
-        }
+        g.fillAt(d, rho, T);
         // Once per point: the full sums, which need no test of the powers.
         helmholtzSums<kWanted<Property>, false>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
         for (int m = 0; m < M; ++m) out[m] = composed<Property>(d, g.f[m], g.delta[m], g.tau[m], rho[m], T[m]);

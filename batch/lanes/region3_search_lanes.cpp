@@ -46,29 +46,29 @@ HWY_INLINE Mask subregion3aByEnthalpy(D d, V p, V h) {
 
 HWY_INLINE Mask subregion3aByEntropy(D d, V s) { return hn::Le(s, hn::Set(d, tvl::kCriticalEntropy)); }
 
+// The 3a equation in the lanes of `a`, the 3b one in the others, each formed only where a lane
+// needs it.
+template <const auto& A, const tvl::ReducedForm& FormA, const auto& B, const tvl::ReducedForm& FormB,
+          bool ReciprocalB = false>
+HWY_INLINE V bySubregion(D d, Mask a, V x, V y) {
+    const V sofar = where(d, a, hn::Zero(d), [&] { return backwardEquation<A, FormA>(d, x, y); });
+    return where(d, hn::Not(a), sofar, [&] { return backwardEquation<B, FormB, ReciprocalB>(d, x, y); });
+}
+
 HWY_INLINE V temperatureByEnthalpy(D d, Mask a, V p, V h) {
-    V T = where(d, a, hn::Zero(d), [&] { return backwardEquation<tvl::kT3APH, tvl::kT3APHForm>(d, p, h); });
-    return where(d, hn::Not(a), T, [&] { return backwardEquation<tvl::kT3BPH, tvl::kT3BPHForm>(d, p, h); });
+    return bySubregion<tvl::kT3APH, tvl::kT3APHForm, tvl::kT3BPH, tvl::kT3BPHForm>(d, a, p, h);
 }
-
 HWY_INLINE V volumeByEnthalpy(D d, Mask a, V p, V h) {
-    V v = where(d, a, hn::Zero(d), [&] { return backwardEquation<tvl::kV3APH, tvl::kV3APHForm>(d, p, h); });
-    return where(d, hn::Not(a), v, [&] { return backwardEquation<tvl::kV3BPH, tvl::kV3BPHForm>(d, p, h); });
+    return bySubregion<tvl::kV3APH, tvl::kV3APHForm, tvl::kV3BPH, tvl::kV3BPHForm>(d, a, p, h);
 }
-
 HWY_INLINE V temperatureByEntropy(D d, Mask a, V p, V s) {
-    V T = where(d, a, hn::Zero(d), [&] { return backwardEquation<tvl::kT3APS, tvl::kT3APSForm>(d, p, s); });
-    return where(d, hn::Not(a), T, [&] { return backwardEquation<tvl::kT3BPS, tvl::kT3BPSForm>(d, p, s); });
+    return bySubregion<tvl::kT3APS, tvl::kT3APSForm, tvl::kT3BPS, tvl::kT3BPSForm>(d, a, p, s);
 }
-
 HWY_INLINE V volumeByEntropy(D d, Mask a, V p, V s) {
-    V v = where(d, a, hn::Zero(d), [&] { return backwardEquation<tvl::kV3APS, tvl::kV3APSForm>(d, p, s); });
-    return where(d, hn::Not(a), v, [&] { return backwardEquation<tvl::kV3BPS, tvl::kV3BPSForm>(d, p, s); });
+    return bySubregion<tvl::kV3APS, tvl::kV3APSForm, tvl::kV3BPS, tvl::kV3BPSForm>(d, a, p, s);
 }
-
-HWY_INLINE V pressureByEnthalpyEntropy(D d, Mask a, V h, V s) {
-    V p = where(d, a, hn::Zero(d), [&] { return backwardEquation<tvl::kP3AHS, tvl::kP3AHSForm>(d, h, s); });
-    return where(d, hn::Not(a), p, [&] { return backwardEquation<tvl::kP3BHS, tvl::kP3BHSForm, true>(d, h, s); });
+HWY_INLINE V pressureByEnthalpyEntropy(D d, Mask a, V h, V s) {  // p3b(h,s) is the scale over the sum
+    return bySubregion<tvl::kP3AHS, tvl::kP3AHSForm, tvl::kP3BHS, tvl::kP3BHSForm, true>(d, a, h, s);
 }
 
 // A (density, T) state with p, h, s and the derivatives the searches read, as the plain
@@ -94,14 +94,7 @@ HWY_INLINE StateLanes stateOf(D d, const Helmholtz& f, V delta, V tau, V rho, V 
 // The sums at the M states (rho, T).
 template <unsigned Wanted, int M>
 HWY_INLINE void sumsAtStates(D d, HelmholtzGroup<M>& g, const V* rho, const V* T) {
-    for (int m = 0; m < M; ++m) {
-        g.delta[m] = reducedDensity(d, rho[m]);
-        g.tau[m] = reducedTemperature(d, T[m]);
-    }
-    for (int m = 0; m < M; ++m) {
-        g.x[m].fill(d, g.delta[m]);
-        g.y[m].fill(d, g.tau[m]);
-    }
+    g.fillAt(d, rho, T);
     sumsAt<Wanted>(d, g);
 }
 

@@ -63,6 +63,9 @@ struct Helmholtz {
     V phi, phiDelta, phiDeltaDelta, phiTau, phiTauTau, phiDeltaTau;
 };
 
+HWY_INLINE V reducedDensity(D d, V rho) { return hn::Div(rho, hn::Set(d, helmholtz::kDensity)); }
+HWY_INLINE V reducedTemperature(D d, V T) { return hn::Div(hn::Set(d, helmholtz::kTemperature), T); }
+
 // The reduced variables and their powers at M points of a vector each.
 template <int M>
 struct HelmholtzGroup {
@@ -70,6 +73,18 @@ struct HelmholtzGroup {
     DeltaPowers x[M];
     TauPowers y[M];
     Helmholtz f[M];
+
+    // The variables and powers of the states (rho[m], T[m]).
+    HWY_INLINE void fillAt(D d, const V* rho, const V* T) {
+        for (int m = 0; m < M; ++m) {
+            delta[m] = reducedDensity(d, rho[m]);
+            tau[m] = reducedTemperature(d, T[m]);
+        }
+        for (int m = 0; m < M; ++m) {
+            x[m].fill(d, delta[m]);
+            y[m].fill(d, tau[m]);
+        }
+    }
 };
 
 // acc + (c x^A) y^B, a factor x^0 = 1 left out. Lean leaves out a term of coefficient zero:
@@ -138,8 +153,6 @@ HWY_INLINE void sumsAt(D d, HelmholtzGroup<M>& g) {
     else helmholtzSums<Wanted, false>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
 }
 
-HWY_INLINE V reducedDensity(D d, V rho) { return hn::Div(rho, hn::Set(d, helmholtz::kDensity)); }
-HWY_INLINE V reducedTemperature(D d, V T) { return hn::Div(hn::Set(d, helmholtz::kTemperature), T); }
 
 }  // namespace tvlx::lanes::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
