@@ -15,6 +15,7 @@
 #include "frame/property_facade.h"
 #include "frame/validators.h"
 #include "lanes/kernels.h"
+#include "lanes/results_lanes.h"
 #include "lanes/search_blocks.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
@@ -142,6 +143,11 @@ const KernelSet* kernels() {
     return chosen;
 }
 
+ResultsStore resultsStore() {
+    static const ResultsStore store = resultsStoreFor(kernels());
+    return store;
+}
+
 // ---- The settings the (p,T) family reads ----
 
 struct Settings {
@@ -183,8 +189,14 @@ public:
     }
 
     // The frame's finiteness test on a kernel's values: out[j] belongs to the point
-    // start + index[j], or start + j without an index.
+    // start + index[j], or start + j without an index (then in lanes).
     void computed(int64_t start, const double* out, const int* index, int count) {
+        if (index == nullptr && count > 0) {
+            if (start + count == slice.last) lastCode = std::isfinite(out[count - 1]) ? 0 : tvl::kBadParameters;
+            int32_t* codes = slice.errors != nullptr ? slice.errors + start : nullptr;
+            failed += resultsStore()(out, slice.results + start, codes, static_cast<std::size_t>(count));
+            return;
+        }
         for (int j = 0; j < count; ++j) {
             const int64_t element = start + (index != nullptr ? index[j] : j);
             const bool finite = std::isfinite(out[j]);
