@@ -189,23 +189,26 @@ public:
     }
 
     // The frame's finiteness test on a kernel's values: out[j] belongs to the point
-    // start + index[j], or start + j without an index (then in lanes).
+    // start + index[j], or start + j without an index; count is at most a block.
     void computed(int64_t start, const double* out, const int* index, int count) {
-        if (index == nullptr && count > 0) {
+        if (count <= 0) return;
+        if (index == nullptr) {
             if (start + count == slice.last) lastCode = std::isfinite(out[count - 1]) ? 0 : tvl::kBadParameters;
             int32_t* codes = slice.errors != nullptr ? slice.errors + start : nullptr;
             failed += resultsStore()(out, slice.results + start, codes, static_cast<std::size_t>(count));
             return;
         }
+        // With an index: tested in lanes into a buffer, then stored point by point.
+        double value[kBlock];
+        int32_t code[kBlock];
+        failed += resultsStore()(out, value, code, static_cast<std::size_t>(count));
+        const int64_t lastAt = slice.last - 1 - start;
         for (int j = 0; j < count; ++j) {
-            const int64_t element = start + (index != nullptr ? index[j] : j);
-            const bool finite = std::isfinite(out[j]);
-            const int32_t code = finite ? 0 : tvl::kBadParameters;
-            slice.results[element] = finite ? out[j] : -1.0;
-            if (slice.errors != nullptr) slice.errors[element] = code;
-            failed += finite ? 0 : 1;
-            if (element == slice.last - 1) lastCode = code;
+            slice.results[start + index[j]] = value[j];
+            lastCode = index[j] == lastAt ? code[j] : lastCode;
         }
+        if (slice.errors != nullptr)
+            for (int j = 0; j < count; ++j) slice.errors[start + index[j]] = code[j];
     }
 
     void byPlainCall(int64_t element, double p, double T) {
