@@ -143,10 +143,14 @@ const KernelSet* kernels() {
     return chosen;
 }
 
+#if defined(TAVLIB6X_LANES)
 ResultsStore resultsStore() {
     static const ResultsStore store = resultsStoreFor(kernels());
     return store;
 }
+#else
+ResultsStore resultsStore() { return nullptr; }  // never called: there is no kernel
+#endif
 
 // ---- The settings the (p,T) family reads ----
 
