@@ -41,7 +41,13 @@ const std::vector<Pair>& statesOf(int region) {
         for (Pair& state : states) state.b = tvlTSP(state.a);
         return states;
     }();
+    static const auto metastable = [] {  // metastable vapour: within 10 % below the saturation temperature
+        auto states = tvlbench::states(1e3, 1e7, 0.9, 1.0, [](double, double) { return true; }, kStates);
+        for (Pair& state : states) state.b *= tvlTSP(state.a);
+        return states;
+    }();
     switch (region) {
+    case 15: return metastable;
     case 9: return viscosity;
     case 10: return viscosity125;
     case 11: return conductivity125;
@@ -63,7 +69,7 @@ const std::vector<Pair>& statesOf(int region) {
 enum Arguments { kPT, kPH, kPS, kHS };
 
 const std::vector<Pair>& argumentsOf(int region, int arguments) {
-    static std::vector<Pair> converted[15][4];
+    static std::vector<Pair> converted[16][4];
     std::vector<Pair>& out = converted[region][arguments];
     if (arguments == kPT) return statesOf(region);
     if (out.empty())
@@ -115,7 +121,7 @@ double tsp(double p, double) { return tvlTSP(p); }
 struct Family {
     const char* name;
     double (*plain)(double, double);
-    int region;  // 1, 2, 3, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p; 9 to 14 above
+    int region;  // 1, 2, 3, 5; 0 all regions; 6 all but region 3; 7, 8 the saturation line by T, by p; 9 to 15 above
     const char* states;
     int arguments = kPT;
 };
@@ -139,6 +145,10 @@ const Family kFamilies[] = {
     {"P1HS", tvlP1HS, 1, "r1", kHS}, {"P2HS", tvlP2HS, 2, "r2", kHS}, {"PHS", tvlPHS, 0, "all", kHS},
     {"T5PH", tvlT5PH, 5, "r5", kPH}, {"T5PS", tvlT5PS, 5, "r5", kPS}, {"P5HS", tvlP5HS, 5, "r5", kHS},
     {"TPH", tvlTPH, 6, "r125", kPH}, {"TPS", tvlTPS, 6, "r125", kPS}, {"PHS", tvlPHS, 6, "r125", kHS},
+    {"HSWT", [](double T, double) { return tvlHSWT(T); }, 12, "wet12"},
+    {"VSST", [](double T, double) { return tvlVSST(T); }, 12, "wet12"},
+    {"DYNVISSWT", [](double T, double) { return tvlDYNVISSWT(T); }, 12, "wet12"},
+    {"HMSPT", tvlHMSPT, 15, "ms"}, {"VMSPT", tvlVMSPT, 15, "ms"}, {"DYNVISMSPT", tvlDYNVISMSPT, 15, "ms"},
 };
 
 const int registered = [] {

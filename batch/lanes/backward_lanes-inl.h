@@ -12,36 +12,6 @@ constexpr double kHighestT = tvl::region2::kHighestTemperature;  // the clamp of
 
 using M = hn::Mask<D>;
 
-// The highest power of a variable that a backward table reads.
-template <class Table, class Exponent>
-constexpr int extent(const Table& table, Exponent exponent) {
-    int highest = 0;
-    for (const auto& t : table) {
-        const int e = exponent(t) < 0 ? -exponent(t) : exponent(t);
-        highest = e > highest ? e : highest;
-    }
-    return highest;
-}
-constexpr auto termI = [](const tvl::PowerTerm& t) { return t.I; };
-constexpr auto termJ = [](const auto& t) { return t.J; };
-
-template <const auto& Table, int RX, int RY, std::size_t... K>
-HWY_INLINE V powerSum(D d, const Powers<RX>& x, const Powers<RY>& y, std::index_sequence<K...>) {
-    V sum = hn::Zero(d);
-    ((sum = plus(d, sum, Table[K].n, x.template at<Table[K].I>(d), y.template at<Table[K].J>(d))), ...);
-    return sum;
-}
-
-// sum n x^I y^J over a backward table, both power tables filled as far as the table reaches.
-template <const auto& Table>
-HWY_INLINE V backwardSum(D d, V xv, V yv) {
-    Powers<extent(Table, termI)> x;
-    Powers<extent(Table, termJ)> y;
-    x.fill(d, xv);
-    y.fill(d, yv);
-    return powerSum<Table>(d, x, y, std::make_index_sequence<std::size(Table)>());
-}
-
 HWY_INLINE V lanesOf(D d, double value) { return hn::Set(d, value); }
 
 // x / scale + shift, as the plain equations reduce their arguments (x / scale - c is the same
@@ -111,12 +81,6 @@ HWY_INLINE V t1psEquation(D d, V p, V s) {
 HWY_INLINE V p1hsEquation(D d, V h, V s) {
     const V sum = backwardSum<tvl::kP1HS>(d, reduced(d, h, 3.4e6, 0.05), reduced(d, s, 7600.0, 0.05));
     return hn::Mul(lanesOf(d, 1e8), sum);
-}
-
-// Each subregion's sum only where a lane needs it.
-template <class Sum>
-HWY_INLINE V where(D, M chosen, V sofar, Sum sum) {
-    return hn::AllFalse(D(), chosen) ? sofar : hn::IfThenElse(chosen, sum(), sofar);
 }
 
 // 2a at and below 4 MPa; above, the 2b/2c line pB2bc(h), a point on it in 2b.

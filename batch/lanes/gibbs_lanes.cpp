@@ -24,6 +24,7 @@
 #include "water/formulation/region2_gibbs.h"
 #include "water/formulation/tables/region1_coefficients.h"
 #include "water/formulation/tables/region2_coefficients.h"
+#include "water/formulation/tables/metastable_coefficients.h"
 #include "water/formulation/tables/region5_coefficients.h"
 #include "water/formulation/tables/saturation_coefficients.h"
 #include "water/formulation/water_model.h"
@@ -70,6 +71,9 @@ inline constexpr auto kRegion2Residual = products(tvl::kRegion2Residual);
 inline constexpr auto kRegion2Ideal = products(tvl::kRegion2Ideal);
 inline constexpr auto kRegion5Residual = products(tvl::kRegion5Residual);
 inline constexpr auto kRegion5Ideal = products(tvl::kRegion5Ideal);
+// Metastable vapour: region 2's form with tables of its own.
+inline constexpr auto kMetastableResidual = products(tvl::kMetastableResidual);
+inline constexpr auto kMetastableIdeal = products(tvl::kMetastableIdeal);
 
 // The highest power a sum reads: an exponent column of the table lowered by up to two (second
 // derivatives) and raised by up to `raise` (the region 5 Joule-Thomson form reads pi^(I+1)).
@@ -204,25 +208,25 @@ constexpr int kRegion2ReachPi = reach(kRegion2Residual, columnI, 1);
 constexpr int kRegion2ReachY = reach(kRegion2Residual, columnJ, 0);
 constexpr int kRegion2ReachTau = reach(kRegion2Ideal, columnJ0, 0);
 
-// The residual sums of region 2 at (p, T), with pi and tau.
-template <unsigned Wanted>
+// The residual sums of region 2 (or of the metastable-vapour equation, which has region 2's form)
+// at (p, T), with pi and tau.
+template <unsigned Wanted, const auto& Residual = kRegion2Residual>
 HWY_INLINE Point region2Residual(D d, V p, V T) {
     const V pi = hn::Div(p, hn::Set(d, 1e6));
     const V tau = hn::Div(hn::Set(d, 540.0), T);
-    Powers<kRegion2ReachPi> x;
-    Powers<kRegion2ReachY> y;
+    Powers<reach(Residual, columnI, 1)> x;
+    Powers<reach(Residual, columnJ, 0)> y;
     x.fill(d, pi);
     y.fill(d, hn::Sub(tau, hn::Set(d, 0.5)));
-    return {pi, tau,
-            residualSums<kRegion2Residual, Wanted, false>(d, x, y, std::make_index_sequence<kRegion2Residual.size()>())};
+    return {pi, tau, residualSums<Residual, Wanted, false>(d, x, y, std::make_index_sequence<Residual.size()>())};
 }
 
-template <unsigned Wanted>
+template <unsigned Wanted, const auto& Residual = kRegion2Residual, const auto& Ideal = kRegion2Ideal>
 HWY_INLINE Point region2(D d, V p, V T) {
-    const Point r = region2Residual<Wanted>(d, p, T);
-    Powers<kRegion2ReachTau> tau;
+    const Point r = region2Residual<Wanted, Residual>(d, p, T);
+    Powers<reach(Ideal, columnJ0, 0)> tau;
     tau.fill(d, r.tau);
-    const Sums ideal = idealSums<kRegion2Ideal, Wanted>(d, tau, std::make_index_sequence<kRegion2Ideal.size()>());
+    const Sums ideal = idealSums<Ideal, Wanted>(d, tau, std::make_index_sequence<Ideal.size()>());
     V logPi = hn::Zero(d);
     if constexpr ((Wanted & kG) != 0) logPi = logarithm(d, r.pi);
     return {r.pi, r.tau, combined<Wanted>(d, r.pi, ideal, r.sums, logPi)};
@@ -319,14 +323,14 @@ HWY_INLINE V region1Property(D d, V p, V T) {
 }
 
 // Density from the residual part alone: pi gamma_pi = 1 + pi gammar_pi.
-template <int Property>
+template <int Property, const auto& Residual = kRegion2Residual, const auto& Ideal = kRegion2Ideal>
 HWY_INLINE V region2Property(D d, V p, V T) {
     if constexpr (Property == kDensity) {
-        const Point r = region2Residual<kPi>(d, p, T);
+        const Point r = region2Residual<kPi, Residual>(d, p, T);
         const V piGammaPi = hn::Add(hn::Mul(r.pi, r.sums.gPi), hn::Set(d, 1.0));
         return hn::Div(p, hn::Mul(hn::Mul(hn::Set(d, R), T), piGammaPi));
     } else {
-        const auto at = [&](auto wanted) { return region2<decltype(wanted)::value>(d, p, T); };
+        const auto at = [&](auto wanted) { return region2<decltype(wanted)::value, Residual, Ideal>(d, p, T); };
         return gibbsProperty<Property>(d, T, at, 1e6, 249224.04);
     }
 }
@@ -375,6 +379,12 @@ void Region1Kernel(const double* p, const double* T, double* out, std::size_t co
 template <int Property>
 void Region2Kernel(const double* p, const double* T, double* out, std::size_t count) {
     overArrays(p, T, out, count, [](D d, V pv, V Tv) { return region2Property<Property>(d, pv, Tv); });
+}
+template <int Property>
+void MetastableKernel(const double* p, const double* T, double* out, std::size_t count) {
+    overArrays(p, T, out, count, [](D d, V pv, V Tv) {
+        return region2Property<Property, kMetastableResidual, kMetastableIdeal>(d, pv, Tv);
+    });
 }
 template <int Property>
 void Region5Kernel(const double* p, const double* T, double* out, std::size_t count) {
@@ -525,6 +535,7 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
 #include "lanes/backward_lanes-inl.h"
 
 extern const DensityKernel kRegion3Kernels[kPropertyCount];  // region3_lanes.cpp
+extern const SearchKernel kRegion3Searches[kRegion3SearchCount];  // region3_search_lanes.cpp
 extern const PointKernel kTransportKernels[kTransportCount];   // transport_lanes.cpp
 
 template <std::size_t... P>
@@ -535,11 +546,13 @@ constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
             {&Region1Kernel<P>...},
             {&Region2Kernel<P>...},
             {&Region5Kernel<P>...},
+            {&MetastableKernel<P>...},
             {&PressureKernel, &TemperatureKernel, &SlopeKernel},
             {&SearchKernelOf<kT1PH>, &SearchKernelOf<kT1PS>, &SearchKernelOf<kP1HS>, &SearchKernelOf<kT2PH>,
              &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>, &SearchKernelOf<kT5PH>, &SearchKernelOf<kT5PS>,
              &SearchKernelOf<kP5HS>},
             kRegion3Kernels,
+            kRegion3Searches,
             kTransportKernels};
 }
 

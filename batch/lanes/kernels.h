@@ -40,6 +40,11 @@ struct SearchSettings {
 using SearchKernel = void (*)(const double* a, const double* b, double* value, double* temperature, int* failed,
                               std::size_t count, const SearchSettings& settings);
 
+// The region 3 searches of the dispatching families (region3_search_lanes.cpp), as
+// SearchKernels: the temperature by (p,h) and by (p,s), and by (h,s) the pressure with its
+// temperature.
+enum Region3Search { kT3PH, kT3PS, kP3HS, kRegion3SearchCount };
+
 // Region 3 by (p,T): out[k] = the property at the density that the plain call's search finds at
 // (p[k], T[k]), and failed[k] = 1.0 where that search runs out of iterations (else 0.0). The
 // search reads tolerance, maxIterations and refining of the settings.
@@ -62,9 +67,11 @@ struct KernelSet {
     PointKernel region1[kPropertyCount];
     PointKernel region2[kPropertyCount];
     PointKernel region5[kPropertyCount];
+    PointKernel metastable[kPropertyCount];  // the metastable-vapour equation; its density is not an export
     PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
     SearchKernel search[kSearchCount];
     const DensityKernel* region3;  // one per Property
+    const SearchKernel* region3Search;  // one per Region3Search
     const PointKernel* transport;  // one per Transport
 };
 

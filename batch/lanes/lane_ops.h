@@ -13,6 +13,9 @@
 
 #include <cmath>
 #include <cstddef>
+#include <iterator>
+
+#include "water/formulation/tables/coefficient_types.h"
 
 #if HWY_TARGET == HWY_AVX2 || HWY_TARGET == HWY_AVX3
 HWY_BEFORE_NAMESPACE();
@@ -52,6 +55,53 @@ HWY_INLINE V logarithm(D d, V pi) {
     hn::Store(pi, d, lanes);
     for (std::size_t k = 0; k < hn::Lanes(d); ++k) lanes[k] = std::log(lanes[k]);
     return hn::Load(d, lanes);
+}
+
+// The highest power of a variable that a backward table reads.
+template <class Table, class Exponent>
+constexpr int extent(const Table& table, Exponent exponent) {
+    int highest = 0;
+    for (const auto& t : table) {
+        const int e = exponent(t) < 0 ? -exponent(t) : exponent(t);
+        highest = e > highest ? e : highest;
+    }
+    return highest;
+}
+constexpr auto termI = [](const tvl::PowerTerm& t) { return t.I; };
+constexpr auto termJ = [](const auto& t) { return t.J; };
+
+template <const auto& Table, int RX, int RY, std::size_t... K>
+HWY_INLINE V powerSum(D d, const Powers<RX>& x, const Powers<RY>& y, std::index_sequence<K...>) {
+    V sum = hn::Zero(d);
+    ((sum = plus(d, sum, Table[K].n, x.template at<Table[K].I>(d), y.template at<Table[K].J>(d))), ...);
+    return sum;
+}
+
+// sum n x^I y^J over a backward table, both power tables filled as far as the table reaches.
+template <const auto& Table>
+HWY_INLINE V backwardSum(D d, V xv, V yv) {
+    Powers<extent(Table, termI)> x;
+    Powers<extent(Table, termJ)> y;
+    x.fill(d, xv);
+    y.fill(d, yv);
+    return powerSum<Table>(d, x, y, std::make_index_sequence<std::size(Table)>());
+}
+
+// x / scale + shift, as the plain equations reduce their arguments.
+HWY_INLINE V reduced(D d, V x, const tvl::ReducedArgument& r) {
+    return hn::Add(hn::Div(x, hn::Set(d, r.scale)), hn::Set(d, r.shift));
+}
+
+// A backward equation's sum at its reduced arguments, the result's scale left to the caller.
+template <const auto& Table, const tvl::ReducedForm& Form>
+HWY_INLINE V reducedSum(D d, V a, V b) {
+    return backwardSum<Table>(d, reduced(d, a, Form.x), reduced(d, b, Form.y));
+}
+
+// Each subregion's sum only where a lane needs it.
+template <class Sum>
+HWY_INLINE V where(D, hn::Mask<D> chosen, V sofar, Sum sum) {
+    return hn::AllFalse(D(), chosen) ? sofar : hn::IfThenElse(chosen, sum(), sofar);
 }
 
 // A kernel over contiguous arrays; the last partial vector runs on a padded copy.

@@ -32,12 +32,20 @@ constexpr int kTransport = -2;  // the transport exports by (p,T)
 constexpr int kWet = -3;        // the wet states by (T,x)
 constexpr int kWetByPT = -4;    // and by (p,T,x)
 constexpr int kSearching = -5;  // the refined backward exports (search_blocks.h)
+constexpr int kSaturatedWater = -6;  // a saturated phase by T
+constexpr int kSaturatedSteam = -7;
+constexpr int kMetastable = -8;  // metastable vapour by (p,T)
+
+// The exports of one argument, whose plain calls are plainLine and methodLine.
+constexpr bool oneArgument(int region) {
+    return region == kLine || region == kSaturatedWater || region == kSaturatedSteam;
+}
 
 struct Export {
     const char* name;
-    int region;  // 1, 2, 3 or 5 for a region's own export, kFamily, kLine, kTransport, kWet, kWetByPT, kSearching
-    int kernel;  // the Property, on the line the Line, for kTransport and kWet a quantity of a phase, else the
-                 // Search or DispatchingSearch
+    int region;  // 1, 2, 3 or 5 for a region's own export, or one of the kinds above
+    int kernel;  // the Property, on the line the Line, for kTransport, kWet, kWetByPT, the saturated phases and
+                 // kMetastable a quantity of a phase, else the Search or DispatchingSearch
     double (*plain)(double, double);
     double (tvl::PropertyFacade::*method)(double, double) noexcept;
     // The saturation line: one argument, and the range that checkRangeMode holds it to.
@@ -63,6 +71,11 @@ namespace {
         TVLX_EXPORT(JOULETHOMPSON##r##PT, r, kJouleThomson)
 #define TVLX_LINE_EXPORT(name, line, lowest, highest) \
     {#name, kLine, line, nullptr, nullptr, [](double x) { return tvl##name(x); }, &tvl::PropertyFacade::name, lowest, highest}
+#define TVLX_SATURATED_EXPORT(name, phase, quantity)                                \
+    {#name, phase, quantity, nullptr, nullptr, [](double T) { return tvl##name(T); }, \
+     &tvl::PropertyFacade::name, tvl::kSaturationLowestTemperature, tvl::kSaturationHighestTemperature}
+#define TVLX_SATURATED_EXPORTS(quantity, water, steam) \
+    TVLX_SATURATED_EXPORT(water, kSaturatedWater, quantity), TVLX_SATURATED_EXPORT(steam, kSaturatedSteam, quantity)
 #define TVLX_WET_PT_EXPORT(name, quantity)                                                         \
     {#name, kWetByPT, quantity, nullptr, nullptr, nullptr, nullptr, 0.0, 0.0,                      \
      [](double p, double T, double x) { return tvl##name(p, T, x); }, &tvl::PropertyFacade::name}
@@ -115,11 +128,39 @@ const Export kExports[] = {
     TVLX_WET_PT_EXPORT(PRANDTLEPTX, kPrandtlQuantity),
     TVLX_EXPORT(T1PH, kSearching, kT1PH), TVLX_EXPORT(T1PS, kSearching, kT1PS), TVLX_EXPORT(P1HS, kSearching, kP1HS),
     TVLX_EXPORT(T2PH, kSearching, kT2PH), TVLX_EXPORT(T2PS, kSearching, kT2PS), TVLX_EXPORT(P2HS, kSearching, kP2HS),
+    TVLX_EXPORT(T3PH, kSearching, kT3PHExport), TVLX_EXPORT(T3PS, kSearching, kT3PSExport),
+    TVLX_EXPORT(P3HS, kSearching, kP3HSExport),
     TVLX_EXPORT(T5PH, kSearching, kT5PH), TVLX_EXPORT(T5PS, kSearching, kT5PS), TVLX_EXPORT(P5HS, kSearching, kP5HS),
     TVLX_EXPORT(TPH, kSearching, kTPH), TVLX_EXPORT(TPS, kSearching, kTPS), TVLX_EXPORT(PHS, kSearching, kPHS),
+    TVLX_SATURATED_EXPORTS(kVolume, VSWT, VSST),
+    TVLX_SATURATED_EXPORTS(kDensity, DSWT, DSST),
+    TVLX_SATURATED_EXPORTS(kInternalEnergy, USWT, USST),
+    TVLX_SATURATED_EXPORTS(kEntropy, SSWT, SSST),
+    TVLX_SATURATED_EXPORTS(kEnthalpy, HSWT, HSST),
+    TVLX_SATURATED_EXPORTS(kIsobaricHeat, CPSWT, CPSST),
+    TVLX_SATURATED_EXPORTS(kIsochoricHeat, CVSWT, CVSST),
+    TVLX_SATURATED_EXPORTS(kSpeedOfSound, WSWT, WSST),
+    TVLX_SATURATED_EXPORTS(kJouleThomson, JOULETHOMPSONSWT, JOULETHOMPSONSST),
+    TVLX_SATURATED_EXPORTS(kTransportQuantity + kConductivity, THERMCONDSWT, THERMCONDSST),
+    TVLX_SATURATED_EXPORTS(kTransportQuantity + kViscosity, DYNVISSWT, DYNVISSST),
+    TVLX_SATURATED_EXPORTS(kTransportQuantity + kKinematicViscosity, KINVISSWT, KINVISSST),
+    TVLX_SATURATED_EXPORTS(kPrandtlQuantity, PRANDTLESWT, PRANDTLESST),
+    TVLX_EXPORT(VMSPT, kMetastable, kVolume),
+    TVLX_EXPORT(UMSPT, kMetastable, kInternalEnergy),
+    TVLX_EXPORT(SMSPT, kMetastable, kEntropy),
+    TVLX_EXPORT(HMSPT, kMetastable, kEnthalpy),
+    TVLX_EXPORT(CPMSPT, kMetastable, kIsobaricHeat),
+    TVLX_EXPORT(CVMSPT, kMetastable, kIsochoricHeat),
+    TVLX_EXPORT(WMSPT, kMetastable, kSpeedOfSound),
+    TVLX_EXPORT(THERMCONDMSPT, kMetastable, kTransportQuantity + kConductivity),
+    TVLX_EXPORT(DYNVISMSPT, kMetastable, kTransportQuantity + kViscosity),
+    TVLX_EXPORT(KINVISMSPT, kMetastable, kTransportQuantity + kKinematicViscosity),
+    TVLX_EXPORT(PRANDTLEMSPT, kMetastable, kPrandtlQuantity),
 };
 
 #undef TVLX_WET_PT_EXPORT
+#undef TVLX_SATURATED_EXPORTS
+#undef TVLX_SATURATED_EXPORT
 #undef TVLX_LINE_EXPORT
 #undef TVLX_REGION_EXPORTS
 #undef TVLX_EXPORT
@@ -171,7 +212,7 @@ Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
         return {s.tolerance, s.checksOn(), true, {s.tolerance, s.maxIterations, s.refining(), s.checksOn()}};
     }
     const bool checks = tvlGETCHECKRANGEMODE() != 0;
-    if (e.region == kLine || e.region == kWet) return {0.0, checks, true, {}};
+    if (oneArgument(e.region) || e.region == kWet) return {0.0, checks, true, {}};
     const SearchSettings search{0.0, tvlGETMAXITERATION(), tvlGETTOLERANCEMODE() != 0, checks};
     const double tolerance = tvlGETTOLERANCE();
     return {tolerance, checks, tvlGETLASTERROR() == 0, {tolerance, search.maxIterations, search.refining, checks}};
@@ -218,7 +259,7 @@ public:
     void byPlainCall(int64_t element, double p, double T) {
         tvl::PropertyFacade* facade = slice.facade;
         double value;
-        if (e.region == kLine) value = facade != nullptr ? (facade->*e.methodLine)(p) : e.plainLine(p);
+        if (oneArgument(e.region)) value = facade != nullptr ? (facade->*e.methodLine)(p) : e.plainLine(p);
         else value = facade != nullptr ? (facade->*e.method)(p, T) : e.plain(p, T);
         point(element, value, facade != nullptr ? facade->lastError : tvlGETLASTERROR());
     }
@@ -236,7 +277,9 @@ public:
     int32_t lastCode = 0;
 };
 
+// The kernel of a property of region 1, 2, 5 or of metastable vapour.
 PointKernel kernelOf(const KernelSet& set, int region, int property) {
+    if (region == kMetastable) return set.metastable[property];
     return region == 1 ? set.region1[property] : region == 2 ? set.region2[property] : set.region5[property];
 }
 
@@ -309,6 +352,7 @@ void lineBlock(SliceRun& run, const KernelSet& set, const Settings& settings, in
 }
 
 #include "lanes/transport_wet_blocks.inc"
+#include "lanes/phase_blocks.inc"
 
 // The block's values of input j: in place where they are contiguous, else copied.
 const double* column(const Slice& slice, int j, int64_t start, int count, double* copy) {
@@ -337,7 +381,7 @@ int64_t evaluate(const Export& e, const Slice& slice) {
     for (int64_t start = slice.first; start < slice.last; start += kBlock) {
         const int count = static_cast<int>(slice.last - start < kBlock ? slice.last - start : kBlock);
         const double* p = column(slice, 0, start, count, pCopy);
-        const double* T = e.region == kLine ? p : column(slice, 1, start, count, TCopy);
+        const double* T = oneArgument(e.region) ? p : column(slice, 1, start, count, TCopy);
         if (e.region == kWetByPT) {
             double xCopy[kBlock];
             wetPTBlock(run, set, settings, start, p, T, column(slice, 2, start, count, xCopy), count);
@@ -361,6 +405,14 @@ int64_t evaluate(const Export& e, const Slice& slice) {
         }
         if (e.region == kWet) {
             wetBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kMetastable) {
+            metastableBlock(run, set, settings, start, p, T, count);
+            continue;
+        }
+        if (e.region == kSaturatedWater || e.region == kSaturatedSteam) {
+            saturatedBlock(run, set, settings, start, p, count);
             continue;
         }
         if (e.region == kSearching) {

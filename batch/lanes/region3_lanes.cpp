@@ -5,7 +5,8 @@
 // others go on, and the vector is done when every lane has stopped or run out of iterations.
 // The start's area is chosen point by point by the scalar selection, and each area's fit then
 // runs in lanes over its own points. Fits and searches take two vectors side by side, as their
-// sums and power tables are serial chains that one vector alone leaves waiting.
+// sums and power tables are serial chains that one vector alone leaves waiting. The sums are in
+// region3_sums.h, which the backward searches (region3_search_lanes.cpp) share.
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "lanes/region3_lanes.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
@@ -16,10 +17,12 @@
 
 #include "lanes/kernels.h"
 #include "lanes/lane_ops.h"
+#include "lanes/region3_sums.h"
 #include "water/formulation/constants.h"
 #include "water/formulation/region3_fit.h"
 #include "water/formulation/region3_helmholtz.h"
 #include "water/formulation/tables/library_fits.h"
+#include "water/formulation/tables/region3_coefficients.h"
 #include "water/formulation/water_model.h"
 
 #ifndef TAVLIB6X_REGION3_LANES_ONCE
@@ -45,11 +48,6 @@ HWY_BEFORE_NAMESPACE();
 namespace tvlx::lanes::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
-namespace helmholtz = tvl::region3;
-using helmholtz::R;
-using DeltaPowers = Powers<helmholtz::kReachDelta>;
-using TauPowers = Powers<helmholtz::kReachTau>;
-
 // Two power tables of M points each filled side by side: the chains of multiplications are
 // independent, so the processor overlaps them (where the tables are long, as in area G).
 template <int M, int RA, int RB>
@@ -61,119 +59,6 @@ HWY_INLINE void fillSideBySide(D d, Powers<RA>* a, const V* aBase, Powers<RB>* b
             if (k < RB) b[m].up[k + 1] = hn::Mul(b[m].up[k], bBase[m]);
         }
 }
-
-// The points [at, at + M N) of the arrays `in` as M vectors each through evaluate(M, in, out),
-// into the arrays `out`; lanes past `count` are padded by copies of point `at`.
-template <int M, std::size_t In, std::size_t Out, class Evaluate>
-HWY_INLINE void pointGroup(D d, const double* const (&in)[In], double* const (&out)[Out], std::size_t at,
-                           std::size_t count, Evaluate evaluate) {
-    const std::size_t N = hn::Lanes(d);
-    HWY_ALIGN double buffer[In > Out ? In : Out][M * hn::MaxLanes(D())];
-    for (std::size_t j = 0; j < M * N; ++j)
-        for (std::size_t i = 0; i < In; ++i) buffer[i][j] = in[i][at + j < count ? at + j : at];
-    V vin[In][M], vout[Out][M];
-    for (std::size_t i = 0; i < In; ++i)
-        for (int m = 0; m < M; ++m) vin[i][m] = hn::Load(d, buffer[i] + m * N);
-    evaluate(std::integral_constant<int, M>(), vin, vout);
-    for (std::size_t i = 0; i < Out; ++i)
-        for (int m = 0; m < M; ++m) hn::Store(vout[i][m], d, buffer[i] + m * N);
-    for (std::size_t j = 0; j < M * N && at + j < count; ++j)
-        for (std::size_t i = 0; i < Out; ++i) out[i][at + j] = buffer[i][j];
-}
-
-// All `count` points, two vectors at a time so that their serial chains overlap, one vector for
-// the last few.
-template <std::size_t In, std::size_t Out, class Evaluate>
-HWY_INLINE void inPairs(const double* const (&in)[In], double* const (&out)[Out], std::size_t count,
-                        Evaluate evaluate) {
-    const D d;
-    const std::size_t N = hn::Lanes(d);
-    std::size_t k = 0;
-    for (; k + N < count; k += 2 * N) pointGroup<2>(d, in, out, k, count, evaluate);
-    if (k < count) pointGroup<1>(d, in, out, k, count, evaluate);
-}
-
-struct Helmholtz {
-    V phi, phiDelta, phiDeltaDelta, phiTau, phiTauTau, phiDeltaTau;
-};
-
-// The reduced variables and their powers at M points of a vector each.
-template <int M>
-struct HelmholtzGroup {
-    V delta[M], tau[M];
-    DeltaPowers x[M];
-    TauPowers y[M];
-    Helmholtz f[M];
-};
-
-// acc + (c x^A) y^B, a factor x^0 = 1 left out. Lean leaves out a term of coefficient zero:
-// it adds a zero to a sum that starts at +0 and so is never -0, which changes no bit as long as
-// the powers it reads are finite (else the scalar term is NaN).
-template <bool Lean, int A, int B>
-HWY_INLINE V addTerm(D d, V acc, double c, const DeltaPowers& x, const TauPowers& y) {
-    if (Lean && c == 0.0) return acc;
-    V term = hn::Set(d, c);
-    if constexpr (A != 0) term = hn::Mul(term, x.at<A>(d));
-    if constexpr (B != 0) term = hn::Mul(term, y.at<B>(d));
-    return hn::Add(acc, term);
-}
-
-// Term K of every point of the group: the M vectors' sums are independent chains of additions,
-// which the processor overlaps.
-template <unsigned Wanted, bool Lean, std::size_t K, int M>
-HWY_INLINE void helmholtzTerm(D d, HelmholtzGroup<M>& g) {
-    constexpr helmholtz::HelmholtzRow r = helmholtz::kRows[K];
-    for (int m = 0; m < M; ++m) {
-        Helmholtz& s = g.f[m];
-        const DeltaPowers& x = g.x[m];
-        const TauPowers& y = g.y[m];
-        if constexpr ((Wanted & tvl::kPhi) != 0) s.phi = addTerm<Lean, r.I, r.J>(d, s.phi, r.n, x, y);
-        if constexpr ((Wanted & tvl::kPhiDelta) != 0)
-            s.phiDelta = addTerm<Lean, r.I - 1, r.J>(d, s.phiDelta, r.nI, x, y);
-        if constexpr ((Wanted & tvl::kPhiDeltaDelta) != 0)
-            s.phiDeltaDelta = addTerm<Lean, r.I - 2, r.J>(d, s.phiDeltaDelta, r.nII, x, y);
-        if constexpr ((Wanted & tvl::kPhiTau) != 0) s.phiTau = addTerm<Lean, r.I, r.J - 1>(d, s.phiTau, r.nJ, x, y);
-        if constexpr ((Wanted & tvl::kPhiTauTau) != 0)
-            s.phiTauTau = addTerm<Lean, r.I, r.J - 2>(d, s.phiTauTau, r.nJJ, x, y);
-        if constexpr ((Wanted & tvl::kPhiDeltaTau) != 0)
-            s.phiDeltaTau = addTerm<Lean, r.I - 1, r.J - 1>(d, s.phiDeltaTau, r.nIJ, x, y);
-    }
-}
-
-// The 39 terms in table order, then the logarithm term, as the scalar sums form them.
-template <unsigned Wanted, bool Lean, int M, std::size_t... K>
-HWY_INLINE void helmholtzSums(D d, HelmholtzGroup<M>& g, std::index_sequence<K...>) {
-    for (int m = 0; m < M; ++m) g.f[m] = {hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d)};
-    (helmholtzTerm<Wanted, Lean, K>(d, g), ...);
-    const V n1 = hn::Set(d, tvl::kRegion3LogCoefficient);
-    for (int m = 0; m < M; ++m) {
-        Helmholtz& s = g.f[m];
-        const V delta = g.delta[m];
-        if constexpr ((Wanted & tvl::kPhi) != 0) s.phi = hn::Add(s.phi, hn::Mul(n1, logarithm(d, delta)));
-        if constexpr ((Wanted & tvl::kPhiDelta) != 0) s.phiDelta = hn::Add(s.phiDelta, hn::Div(n1, delta));
-        if constexpr ((Wanted & tvl::kPhiDeltaDelta) != 0)
-            s.phiDeltaDelta = hn::Sub(s.phiDeltaDelta, hn::Div(n1, hn::Mul(delta, delta)));
-    }
-}
-
-// Whether every power the sums read is finite in every lane: a finite base's powers up to the
-// highest and down to the second reciprocal are finite when those three are.
-template <int R>
-HWY_INLINE hn::Mask<D> finitePowers(D d, const Powers<R>& x) {
-    const auto reciprocals = hn::And(hn::IsFinite(x.template at<-1>(d)), hn::IsFinite(x.template at<-2>(d)));
-    return hn::And(hn::IsFinite(x.up[R]), reciprocals);
-}
-
-template <unsigned Wanted, int M>
-HWY_INLINE void sumsAt(D d, HelmholtzGroup<M>& g) {
-    auto finite = hn::FirstN(d, hn::Lanes(d));
-    for (int m = 0; m < M; ++m) finite = hn::And(finite, hn::And(finitePowers(d, g.x[m]), finitePowers(d, g.y[m])));
-    if (hn::AllTrue(d, finite)) helmholtzSums<Wanted, true>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
-    else helmholtzSums<Wanted, false>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
-}
-
-HWY_INLINE V reducedDensity(D d, V rho) { return hn::Div(rho, hn::Set(d, helmholtz::kDensity)); }
-HWY_INLINE V reducedTemperature(D d, V T) { return hn::Div(hn::Set(d, helmholtz::kTemperature), T); }
 
 // ---- The start: the library's fitted volume, area by area ----
 
@@ -271,8 +156,6 @@ HWY_INLINE void fitOfArea(D d, const V* p, const V* T, V* v) {
     }
     if constexpr (Area == A::G) highPressureFit<M>(d, p, T, v, termsOf(kRoughVolumeAreaG));
 }
-
-constexpr std::size_t kChunk = 256;
 
 // The fitted volume of each point: its area chosen as the plain fit chooses it, then each
 // area's fit in lanes over the points of that area.
@@ -386,14 +269,7 @@ HWY_INLINE void propertiesAt(D d, const V* rho, const V* T, V* out) {
         for (int m = 0; m < M; ++m) out[m] = Property == kVolume ? hn::Div(hn::Set(d, 1.0), rho[m]) : rho[m];
     } else {
         HelmholtzGroup<M> g;
-        for (int m = 0; m < M; ++m) {
-            g.delta[m] = reducedDensity(d, rho[m]);
-            g.tau[m] = reducedTemperature(d, T[m]);
-        }
-        for (int m = 0; m < M; ++m) {
-            g.x[m].fill(d, g.delta[m]);
-            g.y[m].fill(d, g.tau[m]);
-        }
+        g.fillAt(d, rho, T);
         // Once per point: the full sums, which need no test of the powers.
         helmholtzSums<kWanted<Property>, false>(d, g, std::make_index_sequence<helmholtz::kRows.size()>());
         for (int m = 0; m < M; ++m) out[m] = composed<Property>(d, g.f[m], g.delta[m], g.tau[m], rho[m], T[m]);

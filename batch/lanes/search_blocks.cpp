@@ -1,10 +1,10 @@
 // The frames of the refined backward exports around their searches in lanes. A region export
 // (T1PH ...) is its search and the frame's finiteness test. A dispatching export (TPH, TPS, PHS)
 // runs, point by point, the argument test and the region selection of the plain call on a model
-// object with the same settings; the points of regions 1, 2 and 5 then go through that region's
+// object with the same settings; the points of each region then go through that region's
 // search together, and the frame's test of the state found follows; a wet (p,h) or (p,s) point
-// takes the saturation temperature the selection worked out. Points of other areas (region 3,
-// wet (h,s) points), a selection that throws, and a solved state below 273.15 K (where the
+// takes the saturation temperature the selection worked out. Wet (h,s) points, p(h,s) in region 3
+// without refinement, a selection that throws, and a solved state below 273.15 K (where the
 // melting curve decides) are left to the plain call.
 #include "lanes/search_blocks.h"
 
@@ -41,44 +41,18 @@ int32_t solvedStateCode(double p, double T) {
     return tvl::kNoError;
 }
 
-// The entropies that bound the (p,s) arguments (PropertyFacade::ValidatePS) by the (p,T)
-// kernels, which have the bits of S1PT, S2PT and S5PT: lowest[k] at 273.15 K, highest[k] at
-// 1073.15 K in region 2 above 50 MPa, else at 2273.15 K in region 5.
-void entropyBounds(const KernelSet& set, const double* p, int count, double* lowest, double* highest) {
-    double T[kBlock], part[kBlock], out[kBlock];
-    int index[kBlock];
-    for (int k = 0; k < count; ++k) T[k] = tvl::kLowestTemperature;
-    set.region1[kEntropy](p, T, lowest, static_cast<std::size_t>(count));
-    for (bool region2 : {true, false}) {
-        int n = 0;
-        for (int k = 0; k < count; ++k) {
-            part[n] = p[k];
-            index[n] = k;
-            n += (p[k] > tvl::kRegion5HighestPressure) == region2 ? 1 : 0;
-        }
-        for (int j = 0; j < n; ++j) T[j] = region2 ? tvl::kRegion25Temperature : tvl::kHighestTemperature;
-        if (n > 0) (region2 ? set.region2 : set.region5)[kEntropy](part, T, out, static_cast<std::size_t>(n));
-        for (int j = 0; j < n; ++j) highest[index[j]] = out[j];
-    }
-}
-
-bool entropyRefused(const tvl::ModelSettings& settings, double p, double s, double lowest, double highest) {
-    if (p < 0.0 || p > tvl::kArgumentLimits.highestPressure) return true;
-    const double m = settings.margin();
-    const double widened = s > 0.0 ? s * m : s / m;
-    return lowest > widened || s > highest * m;
-}
-
 // The frame's argument test and the selection of the plain call: the region of the point (1 to
-// 5), 0 where the plain call decides; -1 where the argument test refuses it. The (p,s) test
-// has been made before.
+// 5), 0 where the plain call decides; -1 where the argument test refuses it.
 int selectPoint(int which, tvl::WaterModel& w, const tvl::ModelSettings& settings, double a, double b) {
     try {
         if (which == kTPH) {
             if (settings.checksOn()) tvl::requirePressureEnthalpy(a, b);
             return w.REGIONPH(a, b);
         }
-        if (which == kTPS) return w.REGIONPS(a, b);
+        if (which == kTPS) {
+            if (settings.checksOn()) tvl::requirePressureEntropy(w, settings.margin(), a, b);
+            return w.REGIONPS(a, b);
+        }
         if (settings.checksOn()) tvl::requireEnthalpyEntropy(a, b);
         // Left of the critical entropy REGIONHS answers 1 below 1553.9 kJ/kg whatever its
         // saturated-water fit says: the fit is skipped there.
@@ -116,14 +90,11 @@ void dispatchingBlock(const KernelSet& set, int which, const tvl::ModelSettings&
     tvl::SolvedState solved;
     tvl::WaterModel w(settings, solved);
     int region[kBlock];
-    double lowest[kBlock], highest[kBlock];
-    const bool entropyTest = which == kTPS && settings.checksOn();
-    if (entropyTest) entropyBounds(set, a, count, lowest, highest);
     for (int k = 0; k < count; ++k) {
-        const bool refused = entropyTest && entropyRefused(settings, a[k], b[k], lowest[k], highest[k]);
         solved.clear();
-        region[k] = refused ? -1 : selectPoint(which, w, settings, a[k], b[k]);
-        const bool searched = region[k] == 1 || region[k] == 2 || region[k] == 5;
+        region[k] = selectPoint(which, w, settings, a[k], b[k]);
+        const bool searched = region[k] == 1 || region[k] == 2 || region[k] == 5 ||
+                              (region[k] == 3 && (which != kPHS || settings.refining()));
         code[k] = region[k] == -1 ? tvl::kOutOfRange : searched ? tvl::kNoError : kByPlainCall;
         value[k] = -1.0;
         // A wet (p,h) or (p,s) point's temperature is the Ts that the selection published.
@@ -134,7 +105,7 @@ void dispatchingBlock(const KernelSet& set, int which, const tvl::ModelSettings&
     }
     const SearchSettings searchSettings = kernelSettings(settings);
     const int base = which == kTPH ? kT1PH : which == kTPS ? kT1PS : kP1HS;  // the region 1 search
-    for (int r : {1, 2, 5}) {
+    for (int r : {1, 2, 3, 5}) {
         double ra[kBlock], rb[kBlock], out[kBlock], T[kBlock];
         int index[kBlock], failed[kBlock];
         int n = 0;
@@ -146,7 +117,8 @@ void dispatchingBlock(const KernelSet& set, int which, const tvl::ModelSettings&
         }
         if (n == 0) continue;
         const int offset = r == 1 ? 0 : r == 2 ? kT2PH - kT1PH : kT5PH - kT1PH;
-        set.search[base + offset](ra, rb, out, T, failed, static_cast<std::size_t>(n), searchSettings);
+        const SearchKernel search = r == 3 ? set.region3Search[which - kTPH] : set.search[base + offset];
+        search(ra, rb, out, T, failed, static_cast<std::size_t>(n), searchSettings);
         for (int j = 0; j < n; ++j)
             dispatchedResult(which, r, settings, ra[j], out[j], T[j], failed[j] != 0, value[index[j]], code[index[j]]);
     }
@@ -166,13 +138,14 @@ tvl::ModelSettings searchSettingsOf(const tvl::PropertyFacade* facade) {
 
 void searchBlock(const KernelSet& set, int which, const tvl::ModelSettings& settings, const double* a, const double* b,
                  double* value, int32_t* code, int count) {
-    if (which >= kSearchCount) {
+    if (which >= kTPH && which <= kPHS) {
         dispatchingBlock(set, which, settings, a, b, value, code, count);
         return;
     }
     double out[kBlock], T[kBlock];
     int failed[kBlock];
-    set.search[which](a, b, out, T, failed, static_cast<std::size_t>(count), kernelSettings(settings));
+    const SearchKernel search = which < kSearchCount ? set.search[which] : set.region3Search[which - kT3PHExport];
+    search(a, b, out, T, failed, static_cast<std::size_t>(count), kernelSettings(settings));
     for (int k = 0; k < count; ++k) frameResult(out[k], failed[k] != 0, value[k], code[k]);
 }
 

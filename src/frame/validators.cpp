@@ -50,16 +50,17 @@ double highestEntropy(WaterModel& water, double p) {
 
 }  // namespace
 
-void PropertyFacade::ValidatePS(double p, double s) {
+void requirePressureEntropy(WaterModel& water, double m, double p, double s) {
     if (p < 0.0 || p > kArgumentLimits.highestPressure) throw kOutOfRange;
     static const PressureBuckets highestBounds(kIcePointSaturationPressure, kArgumentLimits.highestPressure, 1e-5,
-                                               [this](double q) { return highestEntropy(water, q); });
-    const double m = settings.margin();
+                                               [&water](double q) { return highestEntropy(water, q); });
     const double widened = s > 0.0 ? s * m : s / m;
     if (!(widened > kIcePointEntropyCeiling) && water.S1PT(p, kLowestTemperature) > widened) throw kOutOfRange;
     const int side = highestBounds.sideOfScaled(p, m, s);
     if (side > 0 || (side == 0 && s > highestEntropy(water, p) * m)) throw kOutOfRange;
 }
+
+void PropertyFacade::ValidatePS(double p, double s) { requirePressureEntropy(water, settings.margin(), p, s); }
 
 // Metastable vapour lies below the saturation temperature, by at most the tolerance above it, and
 // down to 5 per cent equilibrium moisture, judged with the saturated enthalpies at the widened

@@ -16,6 +16,8 @@
 
 namespace tvl {
 
+class WaterModel;
+
 // Throws kOutOfRange when value lies outside [low, high].
 inline void requireWithin(double value, double low, double high) {
     if (value < low || value > high) throw kOutOfRange;
@@ -76,6 +78,10 @@ inline void requirePressureEnthalpy(double p, double h) {
     requireWithin(p, 0.0, kArgumentLimits.highestPressure);
     requireWithin(h, kLowestEnthalpyPH, kHighestEnthalpy);
 }
+
+// p from 0 to 100 MPa, s from that of water at 273.15 K to that of the highest temperature of
+// the formulation at p, the entropy widened by the margin m of the tolerance.
+void requirePressureEntropy(WaterModel& water, double m, double p, double s);
 
 // h from -50 to 7.4e6 J/kg, s from -200 to 31800 J/(kg K).
 inline void requireEnthalpyEntropy(double h, double s) {

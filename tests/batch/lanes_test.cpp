@@ -24,8 +24,9 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-// The arguments of an export: (p,T), the backward families' (p,h), (p,s), (h,s), or wet (T,x).
-enum Arguments { kPT, kPH, kPS, kHS, kTX };
+// The arguments of an export: (p,T), the backward families' (p,h), (p,s), (h,s), wet (T,x), or
+// metastable vapour's (p,T).
+enum Arguments { kPT, kPH, kPS, kHS, kTX, kMS };
 
 struct Covered {
     const char* name;
@@ -43,7 +44,11 @@ double DPDTST(double T, double) { return tvlDPDTST(T); }
     {"V" #r "PT", tvlV##r##PT}, {"D" #r "PT", tvlD##r##PT}, {"U" #r "PT", tvlU##r##PT},                     \
         {"S" #r "PT", tvlS##r##PT}, {"H" #r "PT", tvlH##r##PT}, {"CP" #r "PT", tvlCP##r##PT},               \
         {"CV" #r "PT", tvlCV##r##PT}, {"W" #r "PT", tvlW##r##PT}, {"JOULETHOMPSON" #r "PT", tvlJOULETHOMPSON##r##PT}
+#define SATURATED(q)                                                 \
+    {#q "SWT", [](double T, double) { return tvl##q##SWT(T); }, true}, \
+        {#q "SST", [](double T, double) { return tvl##q##SST(T); }, true}
 #define WET(name) {#name, tvl##name, false, kTX}
+#define METASTABLE(name) {#name "MSPT", tvl##name##MSPT, false, kMS}
 #define WET_PT(name) {#name, nullptr, false, kPT, tvl##name}
 const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(3), COVERED(5),
                             {"VPT", tvlVPT}, {"DPT", tvlDPT}, {"UPT", tvlUPT}, {"SPT", tvlSPT}, {"HPT", tvlHPT},
@@ -54,6 +59,14 @@ const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(3), COVERED(5),
                             {"TPH", tvlTPH, false, kPH}, {"T1PS", tvlT1PS, false, kPS}, {"T2PS", tvlT2PS, false, kPS},
                             {"T5PS", tvlT5PS, false, kPS}, {"TPS", tvlTPS, false, kPS}, {"P1HS", tvlP1HS, false, kHS},
                             {"P2HS", tvlP2HS, false, kHS}, {"P5HS", tvlP5HS, false, kHS}, {"PHS", tvlPHS, false, kHS},
+                            {"T3PH", tvlT3PH, false, kPH}, {"T3PS", tvlT3PS, false, kPS},
+                            {"P3HS", tvlP3HS, false, kHS},
+                            SATURATED(V), SATURATED(D), SATURATED(U), SATURATED(S), SATURATED(H), SATURATED(CP),
+                            SATURATED(CV), SATURATED(W), SATURATED(JOULETHOMPSON), SATURATED(THERMCOND),
+                            SATURATED(DYNVIS), SATURATED(KINVIS), SATURATED(PRANDTLE),
+                            METASTABLE(V), METASTABLE(U), METASTABLE(S), METASTABLE(H), METASTABLE(CP),
+                            METASTABLE(CV), METASTABLE(W), METASTABLE(THERMCOND), METASTABLE(DYNVIS),
+                            METASTABLE(KINVIS), METASTABLE(PRANDTLE),
                             {"DYNVISPT", tvlDYNVISPT}, {"KINVISPT", tvlKINVISPT},
                             {"THERMCONDPT", tvlTHERMCONDPT}, {"PRANDTLEPT", tvlPRANDTLEPT}, WET(VSTX), WET(DSTX),
                             WET(USTX), WET(SSTX), WET(HSTX), WET(CPSTX), WET(JOULETHOMPSONSTX), WET(THERMCONDSTX),
@@ -62,6 +75,8 @@ const Covered kCovered[] = {COVERED(1), COVERED(2), COVERED(3), COVERED(5),
                             WET_PT(JOULETHOMPSONPTX), WET_PT(THERMCONDPTX), WET_PT(DYNVISPTX), WET_PT(KINVISPTX),
                             WET_PT(PRANDTLEPTX)};
 #undef WET_PT
+#undef SATURATED
+#undef METASTABLE
 #undef WET
 #undef COVERED
 
@@ -150,12 +165,30 @@ std::vector<std::pair<double, double>> wetPoints() {
     return points;
 }
 
+// Metastable vapour: random states a little above and well below the saturation temperature up
+// to past 10 MPa, the line and its ends one rounding unit either side, and hostile values.
+std::vector<std::pair<double, double>> metastablePoints() {
+    std::vector<std::pair<double, double>> points;
+    std::mt19937_64 random(18);
+    std::uniform_real_distribution<double> logP(std::log(300.0), std::log(1.2e7)), below(0.8, 1.01);
+    for (int k = 0; k < 1500; ++k) {
+        const double p = std::exp(logP(random));
+        points.push_back({p, tvlTSP(std::fmax(p, 611.3)) * below(random)});
+    }
+    for (double p : {611.2126774443452, 1e4, 1e6, 1e7, 1e7 * (1 - 2.2e-16), 1.0000000000000002e7})
+        for (double pp : {down(p), p, up(p)}) points.push_back({pp, tvlTSP(std::fmin(pp, 2e7))});
+    for (const auto& [p, T] : statePoints())
+        if (!std::isfinite(p) || !std::isfinite(T) || p <= 0.0) points.push_back({p, T});
+    return points;
+}
+
 // The states above as (p,h), (p,s) or (h,s) by the plain forward exports (under the default
 // settings), wet states at x = 0, 0.3, 1 one rounding unit either side, and hostile values.
 std::vector<std::pair<double, double>> pointsBy(Arguments which) {
     const auto states = statePoints();
     if (which == kPT) return states;
     if (which == kTX) return wetPoints();
+    if (which == kMS) return metastablePoints();
     const auto pair = [which](double p, double h, double s) {
         return which == kPH ? std::make_pair(p, h) : which == kPS ? std::make_pair(p, s) : std::make_pair(h, s);
     };
@@ -226,7 +259,7 @@ protected:
 };
 
 TEST_F(LanesTest, EveryCoveredExportHasThePlainBitsUnderEverySetting) {
-    for (Arguments arguments : {kPT, kPH, kPS, kHS, kTX}) {
+    for (Arguments arguments : {kPT, kPH, kPS, kHS, kTX, kMS}) {
         const auto points = pointsBy(arguments);
         tvlxSETTHREADS(1);
         for (const Settings& s : kSettings) {
@@ -242,7 +275,7 @@ TEST_F(LanesTest, EveryCoveredExportHasThePlainBitsUnderEverySetting) {
 }
 
 TEST_F(LanesTest, ThreadedSlicesAndRepeatedArgumentsHaveThePlainBits) {
-    for (Arguments arguments : {kPT, kPH, kPS, kHS, kTX}) {
+    for (Arguments arguments : {kPT, kPH, kPS, kHS, kTX, kMS}) {
         auto points = pointsBy(arguments);
         const auto once = points;
         while (points.size() < 9000) points.insert(points.end(), once.begin(), once.end());
