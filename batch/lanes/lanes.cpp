@@ -15,6 +15,7 @@
 #include "frame/property_facade.h"
 #include "frame/validators.h"
 #include "lanes/kernels.h"
+#include "lanes/results_lanes.h"
 #include "lanes/search_blocks.h"
 #include "tavlib6.h"
 #include "tavlib6x.h"
@@ -183,6 +184,15 @@ const KernelSet* kernels() {
     return chosen;
 }
 
+#if defined(TAVLIB6X_LANES)
+ResultsStore resultsStore() {
+    static const ResultsStore store = resultsStoreFor(kernels());
+    return store;
+}
+#else
+ResultsStore resultsStore() { return nullptr; }  // never called: there is no kernel
+#endif
+
 // ---- The settings the (p,T) family reads ----
 
 struct Settings {
@@ -224,17 +234,26 @@ public:
     }
 
     // The frame's finiteness test on a kernel's values: out[j] belongs to the point
-    // start + index[j], or start + j without an index.
+    // start + index[j], or start + j without an index; count is at most a block.
     void computed(int64_t start, const double* out, const int* index, int count) {
-        for (int j = 0; j < count; ++j) {
-            const int64_t element = start + (index != nullptr ? index[j] : j);
-            const bool finite = std::isfinite(out[j]);
-            const int32_t code = finite ? 0 : tvl::kBadParameters;
-            slice.results[element] = finite ? out[j] : -1.0;
-            if (slice.errors != nullptr) slice.errors[element] = code;
-            failed += finite ? 0 : 1;
-            if (element == slice.last - 1) lastCode = code;
+        if (count <= 0) return;
+        if (index == nullptr) {
+            if (start + count == slice.last) lastCode = std::isfinite(out[count - 1]) ? 0 : tvl::kBadParameters;
+            int32_t* codes = slice.errors != nullptr ? slice.errors + start : nullptr;
+            failed += resultsStore()(out, slice.results + start, codes, static_cast<std::size_t>(count));
+            return;
         }
+        // With an index: tested in lanes into a buffer, then stored point by point.
+        double value[kBlock];
+        int32_t code[kBlock];
+        failed += resultsStore()(out, value, code, static_cast<std::size_t>(count));
+        const int64_t lastAt = slice.last - 1 - start;
+        for (int j = 0; j < count; ++j) {
+            slice.results[start + index[j]] = value[j];
+            lastCode = index[j] == lastAt ? code[j] : lastCode;
+        }
+        if (slice.errors != nullptr)
+            for (int j = 0; j < count; ++j) slice.errors[start + index[j]] = code[j];
     }
 
     void byPlainCall(int64_t element, double p, double T) {

@@ -289,6 +289,26 @@ TEST_F(LanesTest, ThreadedSlicesAndRepeatedArgumentsHaveThePlainBits) {
     expectPlainBits({{1e3, 600.0}, {2e7, 600.0}, {4e7, 600.0}, {kNaN, 600.0}}, true, "T repeated");
 }
 
+// Without an errors array (it may be null) the values, the count of failures and the last error
+// are those of the same batch with one.
+TEST_F(LanesTest, NoErrorsArrayLeavesValuesFailuresAndLastError) {
+    std::vector<double> p, T;
+    for (const auto& [a, b] : pointsBy(kPT)) p.push_back(a), T.push_back(b);
+    p.push_back(kNaN), T.push_back(500.0);  // the last point fails
+    const double* inputs[2] = {p.data(), T.data()};
+    const int64_t strides[2] = {1, 1}, count = static_cast<int64_t>(p.size());
+    tvlxSETTHREADS(1);
+    for (const char* name : {"H5PT", "S5PT", "HPT", "DYNVISPT", "PRANDTLEPT"}) {
+        std::vector<double> with(p.size()), without(p.size());
+        std::vector<int32_t> errors(p.size());
+        const int64_t failed = tvlxEVALUATE(name, count, inputs, strides, nullptr, with.data(), nullptr, errors.data());
+        EXPECT_EQ(tvlxEVALUATE(name, count, inputs, strides, nullptr, without.data(), nullptr, nullptr), failed) << name;
+        EXPECT_EQ(tvlGETLASTERROR(), errors.back()) << name;
+        EXPECT_NE(errors.back(), 0) << name;
+        EXPECT_EQ(std::memcmp(with.data(), without.data(), with.size() * sizeof(double)), 0) << name;
+    }
+}
+
 TEST_F(LanesTest, ThePathInForceIsNamed) {
     const std::string path = tvlxSIMD();
     EXPECT_TRUE(path == "avx512" || path == "avx2" || path == "scalar") << path;
