@@ -177,8 +177,8 @@ std::vector<std::pair<double, double>> metastablePoints() {
     }
     for (double p : {611.2126774443452, 1e4, 1e6, 1e7, 1e7 * (1 - 2.2e-16), 1.0000000000000002e7})
         for (double pp : {down(p), p, up(p)}) points.push_back({pp, tvlTSP(std::fmin(pp, 2e7))});
-    for (const auto& [p, T] : statePoints())
-        if (!std::isfinite(p) || !std::isfinite(T) || p <= 0.0) points.push_back({p, T});
+    for (const auto& [p, T] : statePoints())  // the hostile pairs
+        if (!(p > 1.0 && p < 1e9 && T > 1.0 && T < 1e4)) points.push_back({p, T});
     return points;
 }
 
