@@ -535,6 +535,7 @@ void SlopeKernel(const double* T, const double*, double* out, std::size_t count)
 #include "lanes/backward_lanes-inl.h"
 
 extern const DensityKernel kRegion3Kernels[kPropertyCount];  // region3_lanes.cpp
+extern const StartedDensityKernel kRegion3FromStartKernels[kPropertyCount];  // region3_lanes.cpp
 extern const SearchKernel kRegion3Searches[kRegion3SearchCount];  // region3_search_lanes.cpp
 extern const PointKernel kTransportKernels[kTransportCount];   // transport_lanes.cpp
 
@@ -552,6 +553,7 @@ constexpr KernelSet makeKernels(const char* path, std::index_sequence<P...>) {
              &SearchKernelOf<kT2PS>, &SearchKernelOf<kP2HS>, &SearchKernelOf<kT5PH>, &SearchKernelOf<kT5PS>,
              &SearchKernelOf<kP5HS>},
             kRegion3Kernels,
+            kRegion3FromStartKernels,
             kRegion3Searches,
             kTransportKernels};
 }

@@ -51,6 +51,11 @@ enum Region3Search { kT3PH, kT3PS, kP3HS, kRegion3SearchCount };
 using DensityKernel = void (*)(const double* p, const double* T, double* out, double* failed, std::size_t count,
                                const SearchSettings& settings);
 
+// Region 3 at (p[k], T[k]) from the start density start[k], the search run whatever toleranceMode
+// says (R3PTR0): out[k] = the property at the density found, failed[k] as for a DensityKernel.
+using StartedDensityKernel = void (*)(const double* p, const double* T, const double* start, double* out,
+                                      double* failed, std::size_t count, const SearchSettings& settings);
+
 // out[k] = the transport property of the state of volume v[k] at T[k] (the PointKernel's p is v):
 // its density is 1 / v[k], as the (p,T) and the saturated-state families form it.
 enum Transport { kViscosity, kKinematicViscosity, kConductivity, kTransportCount };
@@ -71,6 +76,7 @@ struct KernelSet {
     PointKernel line[kLineCount];  // reads p (or T) only; the second array is not read
     SearchKernel search[kSearchCount];
     const DensityKernel* region3;  // one per Property
+    const StartedDensityKernel* region3FromStart;  // one per Property
     const SearchKernel* region3Search;  // one per Region3Search
     const PointKernel* transport;  // one per Transport
 };

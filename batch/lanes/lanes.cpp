@@ -202,9 +202,9 @@ struct Settings {
     SearchSettings search;  // region 3
 };
 
-// What the export reads: the own exports of regions 1, 2, 5 nothing, the saturation line and the
-// wet states the range test, region 3 the density search's settings, the (p,T) and transport
-// families the tolerance as well (the (p,T) family all of these).
+// What the export reads: the own exports of regions 1, 2, 5 nothing, the saturation line the
+// range test, the others the range test and region 3's search settings, the (p,T), transport and
+// metastable families the tolerance as well.
 Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
     if (e.region > 0 && e.region != 3) return {0.0, false, true, {}};
     if (facade != nullptr) {
@@ -212,7 +212,7 @@ Settings settingsOf(const Export& e, const tvl::PropertyFacade* facade) {
         return {s.tolerance, s.checksOn(), true, {s.tolerance, s.maxIterations, s.refining(), s.checksOn()}};
     }
     const bool checks = tvlGETCHECKRANGEMODE() != 0;
-    if (oneArgument(e.region) || e.region == kWet) return {0.0, checks, true, {}};
+    if (e.region == kLine) return {0.0, checks, true, {}};
     const SearchSettings search{0.0, tvlGETMAXITERATION(), tvlGETTOLERANCEMODE() != 0, checks};
     const double tolerance = tvlGETTOLERANCE();
     return {tolerance, checks, tvlGETLASTERROR() == 0, {tolerance, search.maxIterations, search.refining, checks}};

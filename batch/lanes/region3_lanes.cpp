@@ -276,17 +276,12 @@ HWY_INLINE void propertiesAt(D d, const V* rho, const V* T, V* out) {
     }
 }
 
-template <int Property>
-void Region3Kernel(const double* p, const double* T, double* out, double* failed, std::size_t count,
-                   const SearchSettings& search) {
-    if (count > kChunk) {
-        for (std::size_t k = 0; k < count; k += kChunk)
-            Region3Kernel<Property>(p + k, T + k, out + k, failed + k, count - k < kChunk ? count - k : kChunk, search);
-        return;
-    }
-    double volume[kChunk];
-    fittedVolumes(p, T, volume, count, std::make_integer_sequence<int, 7>());
-    const double* const in[3] = {p, T, volume};
+// Each point's density from its start (a density, or where `FromVolume` a volume), searched where
+// the settings ask, then the property there; failed[k] = 1.0 where the search ran out.
+template <int Property, bool FromVolume>
+void densityThenProperty(const double* p, const double* T, const double* start, double* out, double* failed,
+                         std::size_t count, const SearchSettings& search) {
+    const double* const in[3] = {p, T, start};
     double* const outputs[2] = {out, failed};
     inPairs(in, outputs, count, [&search](auto group, const auto& vin, auto& vout) {
         constexpr int M = decltype(group)::value;
@@ -294,7 +289,7 @@ void Region3Kernel(const double* p, const double* T, double* out, double* failed
         V rho[M];
         hn::Mask<D> stopped[M];
         for (int m = 0; m < M; ++m) {
-            rho[m] = hn::Div(hn::Set(d, 1.0), vin[2][m]);
+            rho[m] = FromVolume ? hn::Div(hn::Set(d, 1.0), vin[2][m]) : vin[2][m];
             stopped[m] = hn::FirstN(d, 0);
         }
         if (search.refining) densitySearch<M>(d, vin[0], vin[1], rho, stopped, search);
@@ -303,11 +298,38 @@ void Region3Kernel(const double* p, const double* T, double* out, double* failed
     });
 }
 
+template <int Property>
+void Region3Kernel(const double* p, const double* T, double* out, double* failed, std::size_t count,
+                   const SearchSettings& search) {
+    for (std::size_t k = 0; k < count; k += kChunk) {
+        const std::size_t n = count - k < kChunk ? count - k : kChunk;
+        double volume[kChunk];
+        fittedVolumes(p + k, T + k, volume, n, std::make_integer_sequence<int, 7>());
+        densityThenProperty<Property, true>(p + k, T + k, volume, out + k, failed + k, n, search);
+    }
+}
+
+template <int Property>
+void Region3FromStartKernel(const double* p, const double* T, const double* start, double* out, double* failed,
+                            std::size_t count, const SearchSettings& search) {
+    SearchSettings always = search;
+    always.refining = true;
+    densityThenProperty<Property, false>(p, T, start, out, failed, count, always);
+}
+
 extern const DensityKernel kRegion3Kernels[kPropertyCount];
 const DensityKernel kRegion3Kernels[kPropertyCount] = {
     &Region3Kernel<kVolume>,        &Region3Kernel<kDensity>,      &Region3Kernel<kInternalEnergy>,
     &Region3Kernel<kEntropy>,       &Region3Kernel<kEnthalpy>,     &Region3Kernel<kIsobaricHeat>,
     &Region3Kernel<kIsochoricHeat>, &Region3Kernel<kSpeedOfSound>, &Region3Kernel<kJouleThomson>};
+
+extern const StartedDensityKernel kRegion3FromStartKernels[kPropertyCount];
+const StartedDensityKernel kRegion3FromStartKernels[kPropertyCount] = {
+    &Region3FromStartKernel<kVolume>,        &Region3FromStartKernel<kDensity>,
+    &Region3FromStartKernel<kInternalEnergy>, &Region3FromStartKernel<kEntropy>,
+    &Region3FromStartKernel<kEnthalpy>,      &Region3FromStartKernel<kIsobaricHeat>,
+    &Region3FromStartKernel<kIsochoricHeat>, &Region3FromStartKernel<kSpeedOfSound>,
+    &Region3FromStartKernel<kJouleThomson>};
 
 }  // namespace tvlx::lanes::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
