@@ -148,6 +148,8 @@ const Family kFamilies[] = {
     {"HSWT", [](double T, double) { return tvlHSWT(T); }, 12, "wet12"},
     {"VSST", [](double T, double) { return tvlVSST(T); }, 12, "wet12"},
     {"DYNVISSWT", [](double T, double) { return tvlDYNVISSWT(T); }, 12, "wet12"},
+    {"HSWT", [](double T, double) { return tvlHSWT(T); }, 13, "wet"},
+    {"DYNVISSST", [](double T, double) { return tvlDYNVISSST(T); }, 13, "wet"},
     {"HMSPT", tvlHMSPT, 15, "ms"}, {"VMSPT", tvlVMSPT, 15, "ms"}, {"DYNVISMSPT", tvlDYNVISMSPT, 15, "ms"},
 };
 
