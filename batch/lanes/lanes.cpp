@@ -256,6 +256,19 @@ public:
             for (int j = 0; j < count; ++j) slice.errors[start + index[j]] = code[j];
     }
 
+    // The same after a search: the points whose search ran out of iterations (lost[j] != 0) get
+    // code 3 instead. out and index are compacted in place.
+    void searched(int64_t start, double* out, int* index, const double* lost, int count) {
+        int n = 0;
+        for (int j = 0; j < count; ++j) {
+            if (lost[j] != 0.0) point(start + index[j], -1.0, tvl::kRootNotFound);
+            out[n] = out[j];
+            index[n] = index[j];
+            n += lost[j] != 0.0 ? 0 : 1;
+        }
+        computed(start, out, index, n);
+    }
+
     void byPlainCall(int64_t element, double p, double T) {
         tvl::PropertyFacade* facade = slice.facade;
         double value;
@@ -290,15 +303,8 @@ void searchedPoints(SliceRun& run, const KernelSet& set, const Settings& setting
     double out[kBlock], failed[kBlock];
     int found[kBlock];
     set.region3[run.e.kernel](p, T, out, failed, static_cast<std::size_t>(count), settings.search);
-    int n = 0;
-    for (int k = 0; k < count; ++k) {
-        const int at = index != nullptr ? index[k] : k;
-        if (failed[k] != 0.0) run.point(start + at, -1.0, tvl::kRootNotFound);
-        out[n] = out[k];
-        found[n] = at;
-        n += failed[k] != 0.0 ? 0 : 1;
-    }
-    run.computed(start, out, found, n);
+    for (int k = 0; k < count; ++k) found[k] = index != nullptr ? index[k] : k;
+    run.searched(start, out, found, failed, count);
 }
 
 // A block of the (p,T) family: sorted by region in one pass, without branches (the regions of
